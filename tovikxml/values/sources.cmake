@@ -1,2 +1,2 @@
-tovikxml_sources(values base64 binary_data)
+tovikxml_sources(values base64 binary_data restrictions whitespace)
 tovikxml_internal_headers(values base64)
