@@ -1,2 +1,9 @@
-tovikxml_sources(values base64 binary_data restrictions whitespace)
-tovikxml_internal_headers(values base64)
+tovikxml_sources(values
+  base64
+  binary_data
+  conversions
+  float_format
+  number_text
+  restrictions
+  whitespace)
+tovikxml_internal_headers(values base64 float_format number_text)

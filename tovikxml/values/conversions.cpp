@@ -1,0 +1,234 @@
+#include "tovikxml/values/conversions.h"
+
+#include <limits>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
+#include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/number_text.h"
+
+namespace TovikXmlLib16 {
+namespace {
+
+using WhitespaceRule = CWhitespaceUtils::WhitespaceRule;
+
+// The text after the whitespace rule, without a copy where the rule changes nothing.
+class RuledText {
+ public:
+  RuledText(const WString& text, WhitespaceRule rule)
+      : m_text(CWhitespaceUtils::ApplyRule(rule, text, m_scratch)) {}
+  RuledText(const RuledText&) = delete;
+  RuledText& operator=(const RuledText&) = delete;
+
+  const WString& Get() const { return m_text; }
+
+ private:
+  WString m_scratch;
+  const WString& m_text;
+};
+
+[[noreturn]] void ThrowNotANumber(const WString& text, const wchar* type) {
+  throw CTovikInvalidValueException(
+      FormatString(u"The value [%s] can not be converted to a %s", text.c_str(), type));
+}
+
+[[noreturn]] void ThrowTooLarge(const WString& text, const wchar* type) {
+  throw CTovikInvalidValueException(
+      FormatString(u"The value [%s] is to large to fit in a %s", text.c_str(), type));
+}
+
+template <class Integer>
+WString IntegerText(Integer value) {
+  WString text;
+  AssignInteger(text, value);
+  return text;
+}
+
+template <class Real>
+WString RealText(Real value, WStringView format) {
+  WString text;
+  AssignReal(text, value, format);
+  return text;
+}
+
+template <class Integer>
+Integer ReadInteger(const WString& given, WhitespaceRule rule, const wchar* type) {
+  const RuledText text(given, rule);
+  const ParsedInteger<Integer> parsed = ParseInteger<Integer>(text.Get());
+  if (parsed.status == NumberStatus::kTooLarge) ThrowTooLarge(text.Get(), type);
+  if (parsed.status == NumberStatus::kNotANumber) ThrowNotANumber(text.Get(), type);
+  return parsed.value;
+}
+
+template <class Narrow, class Wide>
+Narrow Fit(Wide value, const WString& given, const wchar* type) {
+  using Limits = std::numeric_limits<Narrow>;
+  if (value < Limits::min() || value > Limits::max()) ThrowTooLarge(given, type);
+  return static_cast<Narrow>(value);
+}
+
+bool IsNaNText(const WString& text) {
+  return EqualText(text, u"NaN") || EqualText(text, u"1.#QNAN") || EqualText(text, u"-NAN");
+}
+
+double ReadReal(const WString& given, WhitespaceRule rule, const wchar* type) {
+  using Limits = std::numeric_limits<double>;
+  const RuledText text(given, rule);
+  if (const auto value = ParseDouble(text.Get())) return *value;
+  if (IsNaNText(text.Get())) return Limits::quiet_NaN();
+  if (EqualText(text.Get(), u"-INF")) return -Limits::infinity();
+  if (EqualText(text.Get(), u"INF")) return Limits::infinity();
+  ThrowNotANumber(text.Get(), type);
+}
+
+CBinaryData ReadBinary(const WString& given, WhitespaceRule rule,
+                       void (CBinaryData::*set)(const wchar*)) {
+  const RuledText text(given, rule);
+  CBinaryData data;
+  (data.*set)(text.Get().c_str());
+  return data;
+}
+
+}  // namespace
+
+WString CConversions::i1ToString(std::int8_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::i2ToString(std::int16_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::i4ToString(std::int32_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::i8ToString(std::int64_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::ui1ToString(std::uint8_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::ui2ToString(std::uint16_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::ui4ToString(std::uint32_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::ui8ToString(std::uint64_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::r4ToString(float value) {
+  return RealText(value, WStringView());
+}
+
+WString CConversions::r8ToString(double value) {
+  return RealText(value, WStringView());
+}
+
+WString CConversions::r4ToString(float value, const WString& format) {
+  return RealText(value, format);
+}
+
+WString CConversions::r8ToString(double value, const WString& format) {
+  return RealText(value, format);
+}
+
+WString CConversions::charToString(wchar value) {
+  return WString(1, value);
+}
+
+WString CConversions::stringToString(const WString& value) {
+  return value;
+}
+
+WString CConversions::booleanToString(bool value) {
+  return value ? u"true" : u"false";
+}
+
+WString CConversions::hexBinaryToString(const CBinaryData& value) {
+  return value.GetAsHexString();
+}
+
+WString CConversions::base64BinaryToString(const CBinaryData& value) {
+  return value.GetAsBase64();
+}
+
+std::int8_t CConversions::i1FromString(const WString& text, WhitespaceRule rule) {
+  return Fit<std::int8_t>(i4FromString(text, rule), text, u"i1");
+}
+
+std::int16_t CConversions::i2FromString(const WString& text, WhitespaceRule rule) {
+  return Fit<std::int16_t>(i4FromString(text, rule), text, u"i2");
+}
+
+std::int32_t CConversions::i4FromString(const WString& text, WhitespaceRule rule) {
+  return ReadInteger<std::int32_t>(text, rule, u"i4");
+}
+
+std::int64_t CConversions::i8FromString(const WString& text, WhitespaceRule rule) {
+  return ReadInteger<std::int64_t>(text, rule, u"i8");
+}
+
+std::uint8_t CConversions::ui1FromString(const WString& text, WhitespaceRule rule) {
+  return Fit<std::uint8_t>(ui4FromString(text, rule), text, u"ui1");
+}
+
+std::uint16_t CConversions::ui2FromString(const WString& text, WhitespaceRule rule) {
+  return Fit<std::uint16_t>(ui4FromString(text, rule), text, u"ui2");
+}
+
+std::uint32_t CConversions::ui4FromString(const WString& text, WhitespaceRule rule) {
+  return ReadInteger<std::uint32_t>(text, rule, u"ui4");
+}
+
+std::uint64_t CConversions::ui8FromString(const WString& text, WhitespaceRule rule) {
+  return ReadInteger<std::uint64_t>(text, rule, u"ui8");
+}
+
+float CConversions::r4FromString(const WString& text, WhitespaceRule rule) {
+  return static_cast<float>(ReadReal(text, rule, u"r4"));
+}
+
+double CConversions::r8FromString(const WString& text, WhitespaceRule rule) {
+  return ReadReal(text, rule, u"r8");
+}
+
+wchar CConversions::charFromString(const WString& given, WhitespaceRule rule) {
+  const RuledText text(given, rule);
+  if (text.Get().size() == 1) return text.Get().front();
+  throw CTovikInvalidValueException(
+      FormatString(u"The value [%s] can not be a char as it is either empty of greater than 1 char "
+                   u"long",
+                   text.Get().c_str()));
+}
+
+WString CConversions::stringFromString(const WString& text, WhitespaceRule rule) {
+  return CWhitespaceUtils::ApplyRule(rule, text);
+}
+
+bool CConversions::booleanFromString(const WString& given, WhitespaceRule rule) {
+  const RuledText text(given, rule);
+  if (EqualIgnoringAsciiCase(text.Get(), u"true") || EqualText(text.Get(), u"1")) return true;
+  if (EqualIgnoringAsciiCase(text.Get(), u"false") || EqualText(text.Get(), u"0")) return false;
+  throw CTovikInvalidValueException(
+      FormatString(u"A Boolean Value read from an XML document was invalid [%s]. Valid values are "
+                   u"'true', 'false', '1', or '0'",
+                   given.c_str()));
+}
+
+CBinaryData CConversions::hexBinaryFromString(const WString& text, WhitespaceRule rule) {
+  return ReadBinary(text, rule, &CBinaryData::SetAsHexString);
+}
+
+CBinaryData CConversions::base64BinaryFromString(const WString& text, WhitespaceRule rule) {
+  return ReadBinary(text, rule, &CBinaryData::SetAsBase64);
+}
+
+}  // namespace TovikXmlLib16
