@@ -1,0 +1,34 @@
+#ifndef TOVIKXML_DOCUMENT_COMPRESSION_H_
+#define TOVIKXML_DOCUMENT_COMPRESSION_H_
+
+#include <cstdint>
+
+#include "tovikxml/document/byte_array.h"
+#include "tovikxml/document/encoding.h"
+#include "tovikxml/values/binary_data.h"
+
+/// Compressed documents: gzip (RFC 1952) and zlib (RFC 1950) around deflate (RFC 1951). Internal.
+namespace TovikXmlLib16 {
+
+/// What decompressed input may grow to where the caller sets no limit of its own: 1 GiB.
+inline constexpr std::uint64_t kDefaultMaxDecompressedSize = std::uint64_t{1} << 30;
+
+/// Replaces the bytes by their compressed form, made for speed (level 1). `Compression_None` and
+/// unknown types change nothing. The result must not be longer than the input: data that does not
+/// shrink, such as a few bytes, raises `CTovikException` "Failed to compress data. [Error Code:
+/// %d]" with zlib's code and stays as it was.
+void CompressData(ByteArray& buffer, CompressionType type);
+/// The same; empty data stays empty.
+void CompressBinaryData(CBinaryData& data, CompressionType type);
+
+/// Replaces the bytes by their decompressed form if they begin with a complete gzip or zlib stream,
+/// whose wrapper tells which; bytes behind it are dropped. Anything else, plain text as much as a
+/// cut or damaged stream, stays as it was and is no error.
+///
+/// Raises `CTovikException` "The decompressed data exceeds the limit of %llu bytes" as soon as
+/// there is more than the limit, at a cost in memory in proportion to the limit.
+void DecompressData(ByteArray& buffer, std::uint64_t limit = kDefaultMaxDecompressedSize);
+
+}  // namespace TovikXmlLib16
+
+#endif  // TOVIKXML_DOCUMENT_COMPRESSION_H_

@@ -1,0 +1,56 @@
+#include "tovikxml/document/file_text_stream.h"
+
+#include <utility>
+
+#include "tovikxml/base/text.h"
+#include "tovikxml/document/file_output.h"
+#include "tovikxml/document/utf_conversion.h"
+
+namespace TovikXmlLib16 {
+
+CFileTextStream::CFileTextStream(const wchar* fileName, XmlEncoding encoding)
+    : CTextStream(u"CFileTextStream", encoding), m_fileName(TextOf(fileName)) {}
+
+void CFileTextStream::Open() {
+  ClearText();
+  m_hasLostText = false;
+  m_offset = 0;
+  int error = m_file.Open(m_fileName.c_str());
+  if (error == 0 && HasByteOrderMark(GetEncoding())) {
+    error = m_file.StartWrite(kByteOrderMark, sizeof kByteOrderMark, m_offset);
+  }
+  if (error == 0) return;
+  m_file.Close();
+  throw FileWriteFailure(m_fileName, error);
+}
+
+void CFileTextStream::Flush() {
+  if (GetLength() == 0) return;
+  m_offset += m_file.FinishWrite();
+  std::optional<CBinaryData> bytes = Encode();
+  // Behind a block that cannot be written nothing more is, so that the file has no gap.
+  m_hasLostText = m_hasLostText || !bytes;
+  if (!m_hasLostText) {
+    m_pending = *std::move(bytes);
+    StartWrite(m_pending.GetData(), m_pending.GetLength());
+  }
+  ClearText();
+}
+
+void CFileTextStream::Close() {
+  Flush();
+  m_offset += m_file.FinishWrite();
+  if (const int error = m_file.Close()) FailToWrite(error);
+  if (m_hasLostText) RefuseUnpairedSurrogate();
+}
+
+void CFileTextStream::StartWrite(const unsigned char* data, std::size_t length) {
+  if (const int error = m_file.StartWrite(data, length, m_offset)) FailToWrite(error);
+}
+
+void CFileTextStream::FailToWrite(int error) {
+  m_file.Close();
+  throw CTovikException(FormatString(u"Failed to write data to the file. Error [0x%08X]", error));
+}
+
+}  // namespace TovikXmlLib16

@@ -1,0 +1,139 @@
+#include "tovikxml/document/text_stream.h"
+
+#include <utility>
+#include <vector>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/text.h"
+#include "tovikxml/base/utf8.h"
+#include "tovikxml/document/byte_array.h"
+#include "tovikxml/document/utf_conversion.h"
+
+namespace TovikXmlLib16 {
+namespace {
+
+using Pieces = std::vector<WStringView>;
+
+constexpr std::size_t kBlock = 4;
+constexpr std::uint64_t kLowBits = 0x0001000100010001u;
+constexpr std::uint64_t kHighBits = 0x8000800080008000u;
+
+// Whether a block may hold a zero unit; it never says no of one that does.
+bool MayHoldZero(const wchar* units) {
+  std::uint64_t word;
+  std::memcpy(&word, units, sizeof word);
+  return ((word - kLowBits) & ~word & kHighBits) != 0;
+}
+
+WStringView UpToZero(WStringView text) {
+  std::size_t i = 0;
+  while (i + kBlock <= text.size() && !MayHoldZero(text.data() + i)) i += kBlock;
+  while (i < text.size() && text[i] != 0) ++i;
+  return text.substr(0, i);
+}
+
+// The chunks of the text, the last one cut at the first zero unit.
+Pieces PiecesUpToZero(const CStringBuffer& buffer) {
+  Pieces pieces;
+  pieces.reserve(buffer.GetChunkCount());
+  for (std::size_t i = 0; i < buffer.GetChunkCount(); ++i) {
+    const WStringView chunk = buffer.GetChunk(i);
+    pieces.push_back(UpToZero(chunk));
+    if (pieces.back().size() < chunk.size()) break;
+  }
+  return pieces;
+}
+
+// Visits the text with no surrogate pair divided: a high surrogate at the end of a piece goes, with
+// the first unit of the next one, into a visit of its own.
+template <class Visit>
+void VisitPairsWhole(const Pieces& pieces, Visit visit) {
+  wchar high = 0;
+  for (WStringView piece : pieces) {
+    if (piece.empty()) continue;
+    if (high != 0) {
+      const wchar pair[] = {std::exchange(high, wchar(0)), piece.front()};
+      visit(WStringView(pair, 2));
+      piece.remove_prefix(1);
+    }
+    if (!piece.empty() && IsHighSurrogate(piece.back())) {
+      high = piece.back();
+      piece.remove_suffix(1);
+    }
+    visit(piece);
+  }
+  if (high != 0) visit(WStringView(&high, 1));
+}
+
+std::optional<std::uint64_t> Utf8LengthOf(const Pieces& pieces) {
+  std::optional<std::uint64_t> total = 0;
+  VisitPairsWhole(pieces, [&](WStringView piece) {
+    const auto length = Utf8Length(piece);
+    if (total) total = length ? std::optional(*total + *length) : std::nullopt;
+  });
+  return total;
+}
+
+std::optional<CBinaryData> EncodeUtf8(const Pieces& pieces) {
+  const auto length = Utf8LengthOf(pieces);
+  if (!length) return std::nullopt;
+  ByteArray bytes = NewByteArray(*length);
+  unsigned char* end = bytes.data.get();
+  VisitPairsWhole(pieces, [&](WStringView piece) { end = WriteUtf8(piece, end); });
+  return ToBinaryData(std::move(bytes));
+}
+
+CBinaryData EncodeUtf16(const Pieces& pieces) {
+  std::uint64_t units = 0;
+  for (const WStringView piece : pieces) units += piece.size();
+  ByteArray bytes = NewByteArray(2 * units);
+  unsigned char* end = bytes.data.get();
+  for (const WStringView piece : pieces) {
+    for (const wchar unit : piece) {
+      *end++ = static_cast<unsigned char>(unit & 0xFF);
+      *end++ = static_cast<unsigned char>(unit >> 8);
+    }
+  }
+  return ToBinaryData(std::move(bytes));
+}
+
+}  // namespace
+
+CTextStream::CTextStream() : CTextStream(Encoding_None) {}
+
+CTextStream::CTextStream(XmlEncoding encoding) : CTextStream(u"CTextStream", encoding) {}
+
+CTextStream::CTextStream(const wchar* className, XmlEncoding encoding)
+    : CInstanceMonitor(className), m_encoding(encoding) {}
+
+void CTextStream::Open() {
+  ClearText();
+}
+
+void CTextStream::Close() {}
+
+void CTextStream::Flush() {}
+
+CBinaryData CTextStream::GetBytes() const {
+  return Encode().value_or(CBinaryData());
+}
+
+std::optional<CBinaryData> CTextStream::Encode() const {
+  switch (m_encoding) {
+    case Encoding_UTF8:
+      return EncodeUtf8(PiecesUpToZero(m_buffer));
+    case Encoding_UTF16:
+    case Encoding_UTF16_Undeclared:
+      return EncodeUtf16(PiecesUpToZero(m_buffer));
+    default:
+      throw CTovikException(u"Unknown Encoding, select UTF-8 (contact our support team)");
+  }
+}
+
+CBinaryData CTextStream::GetCheckedBytes() const {
+  std::optional<CBinaryData> bytes = Encode();
+  if (!bytes) RefuseUnpairedSurrogate();
+  return *std::move(bytes);
+}
+
+}  // namespace TovikXmlLib16
