@@ -5,5 +5,6 @@ tovikxml_sources(values
   float_format
   number_text
   restrictions
+  variant
   whitespace)
-tovikxml_internal_headers(values base64 float_format number_text)
+tovikxml_internal_headers(values base64 float_format number_text value_kinds)

@@ -1,0 +1,313 @@
+#include "tovikxml/values/variant.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <limits>
+#include <utility>
+#include <vector>
+
+#include "tests/support/text.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/base/version.h"
+#include "tovikxml/binding/object_base.h"
+#include "tovikxml/collections/collection_base.h"
+#include "tovikxml/values/binary_data.h"
+
+using namespace TovikXmlLib16;
+using TovikXmlTest::MessageOf;
+using W = CWhitespaceUtils;
+
+namespace {
+
+// As generated code does before its first object.
+const bool g_versionStated = (SetGeneratorVersion(kVersionMajor, kVersionMinor), true);
+
+int g_alive = 0;
+
+// Gives an object or a collection what is needed to make one.
+template <class Base>
+class Counted : public Base {
+ public:
+  Counted() { ++g_alive; }
+
+  CXmlObjectBase* GetBase() override { return this; }
+  WString GetTargetNamespace() const override { return {}; }
+  WString GetNamespace() const override { return {}; }
+  void ToXml_Int(CXmlWriter*, bool, const wchar*, const CSerializationContext&,
+                 bool) const override {}
+  CXmlElement* FromXml_Int(CXmlElement*, CXmlElement*, const CSerializationContext&,
+                           bool) override {
+    return nullptr;
+  }
+
+ protected:
+  ~Counted() override { --g_alive; }
+};
+
+class Object : public Counted<CXmlObjectBase> {
+ public:
+  TovikVariant m_property;
+};
+
+class Collection : public Counted<CXmlCollectionBase> {
+ public:
+  int GetCount() const override { return 0; }
+  void Clear() override {}
+  void Remove(int) override {}
+};
+
+CBinaryData Bytes() {
+  CBinaryData data;
+  data.SetAsHexString(u"4D616E");
+  return data;
+}
+
+// Long enough to be allocated, so that a sanitizer sees a text that is lost or freed twice.
+const WString kLong = u"a text that no small buffer holds";
+
+struct KindRow {
+  ItemType kind;
+  const wchar* name;
+  WString text;  // a lexical form that is written as it is read
+  std::function<void(TovikVariant&)> set;
+  std::function<bool(const TovikVariant&)> has;
+};
+
+template <class Set, class Get, class T>
+KindRow Row(ItemType kind, const wchar* name, const WString& text, Set set, Get get, T value) {
+  return {kind, name, text, [=](TovikVariant& v) { (v.*set)(value); },
+          [=](const TovikVariant& v) { return (v.*get)() == value; }};
+}
+
+const std::vector<KindRow>& Kinds() {
+  using V = TovikVariant;
+  static const std::vector<KindRow> kRows = {
+      Row(it_i1, u"i1", u"-128", &V::SetI1, &V::GetI1, std::int8_t{-128}),
+      Row(it_i2, u"i2", u"-300", &V::SetI2, &V::GetI2, std::int16_t{-300}),
+      Row(it_i4, u"i4", u"-70000", &V::SetI4, &V::GetI4, -70000),
+      Row(it_i8, u"i8", u"-5000000000", &V::SetI8, &V::GetI8, std::int64_t{-5000000000}),
+      Row(it_ui1, u"ui1", u"255", &V::SetUI1, &V::GetUI1, std::uint8_t{255}),
+      Row(it_ui2, u"ui2", u"65535", &V::SetUI2, &V::GetUI2, std::uint16_t{65535}),
+      Row(it_ui4, u"ui4", u"4294967295", &V::SetUI4, &V::GetUI4, 4294967295u),
+      Row(it_ui8, u"ui8", u"18446744073709551615", &V::SetUI8, &V::GetUI8, ~std::uint64_t{0}),
+      Row(it_r4, u"r4", u"0.1", &V::SetR4, &V::GetR4, 0.1f),
+      Row(it_r8, u"r8", u"-0.1", &V::SetR8, &V::GetR8, -0.1),
+      Row(it_char, u"char", u"\u4e16", &V::SetChar, &V::GetChar, u'\u4e16'),
+      Row(it_string, u"string", kLong, &V::SetString, &V::GetString, kLong),
+      Row(it_boolean, u"boolean", u"true", &V::SetBoolean, &V::GetBoolean, true),
+      Row(it_hexBinary, u"hexBinary", u"4D616E", &V::SetHexBinary, &V::GetHexBinary, Bytes()),
+      Row(it_base64Binary, u"base64Binary", u"TWFu", &V::SetBase64Binary, &V::GetBase64Binary,
+          Bytes()),
+  };
+  return kRows;
+}
+
+void ExpectHolds(const TovikVariant& value, const KindRow& row) {
+  SCOPED_TRACE(DisplayUtf8(row.name));
+  EXPECT_TRUE(value.IsValid());
+  EXPECT_FALSE(value.IsNil());
+  EXPECT_EQ(value.GetTypeAsEnum(), row.kind);
+  EXPECT_EQ(value.GetType(), row.name);
+  EXPECT_TRUE(row.has(value));
+  EXPECT_EQ(value.ToString(nullptr), row.text);
+  WString scratch = u"left over";
+  EXPECT_EQ(value.GetText(u"", scratch), row.text);
+}
+
+}  // namespace
+
+TEST(Variant, EachKindIsSetReadAndWritten) {
+  for (const KindRow& row : Kinds()) {
+    TovikVariant value;
+    row.set(value);
+    ExpectHolds(value, row);
+    TovikVariant read;
+    read.FromString(row.text, row.kind, W::ws_collapse);
+    ExpectHolds(read, row);
+    const TovikVariant copy(value);
+    ExpectHolds(copy, row);
+    const TovikVariant moved(std::move(value));
+    ExpectHolds(moved, row);
+    EXPECT_FALSE(value.IsValid());
+  }
+}
+
+TEST(Variant, EachKindReplacesEachOther) {
+  for (const KindRow& before : Kinds()) {
+    for (const KindRow& row : Kinds()) {
+      TovikVariant source;
+      row.set(source);
+      TovikVariant value;
+      before.set(value);
+      row.set(value);
+      ExpectHolds(value, row);
+      before.set(value);
+      value = source;
+      ExpectHolds(value, row);
+      auto& same = value;
+      value = same;
+      value = std::move(same);
+      ExpectHolds(value, row);
+      before.set(value);
+      value = std::move(source);
+      ExpectHolds(value, row);
+    }
+  }
+}
+
+TEST(Variant, NilKeepsTheKindAndHoldsNothing) {
+  for (const KindRow& row : Kinds()) {
+    SCOPED_TRACE(DisplayUtf8(row.name));
+    TovikVariant value;
+    row.set(value);
+    value.SetNil();
+    const TovikVariant copy(value);
+    EXPECT_TRUE(copy.IsNil());
+    EXPECT_TRUE(copy.IsValid());
+    EXPECT_EQ(copy.GetTypeAsEnum(), row.kind);
+    EXPECT_EQ(copy.GetI8(), 0);
+    row.set(value);
+    ExpectHolds(value, row);
+    value = copy;
+    EXPECT_TRUE(value.IsNil());
+    value.Clear();
+    EXPECT_FALSE(value.IsValid());
+    EXPECT_FALSE(value.IsNil());
+  }
+  TovikVariant fresh;
+  EXPECT_FALSE(fresh.IsValid());
+  fresh.SetNil();
+  EXPECT_TRUE(fresh.IsValid());
+  EXPECT_EQ(fresh.GetTypeAsEnum(), it_invalid);
+  fresh.SetInvalid();
+  EXPECT_FALSE(fresh.IsValid());
+}
+
+TEST(Variant, OwnedKindsHaveNoValueWhenNilOrOfAnotherClass) {
+  const auto refuse = [](const WString& name, const auto& action) {
+    EXPECT_EQ(MessageOf<CTovikInvalidStateException>(action),
+              u"The variant holds no value of the type " + name);
+  };
+  TovikVariant value;
+  WString scratch;
+  for (const ItemType kind : {it_string, it_hexBinary, it_base64Binary}) {
+    value.FromString(u"", kind, W::ws_none);
+    value.SetNil();
+    refuse(value.GetType(), [&] { value.ToString(nullptr); });
+    refuse(value.GetType(), [&] { value.GetText(nullptr, scratch); });
+  }
+  for (const bool nil : {true, false}) {
+    if (!nil) value.SetI4(1);
+    refuse(u"string", [&] { value.GetString(); });
+    refuse(u"string", [&] { value.TakeString(); });
+    refuse(u"hexBinary", [&] { value.GetHexBinary(); });
+    refuse(u"base64Binary", [&] { value.GetBase64Binary(); });
+    EXPECT_EQ(value.GetXmlObject().Get(), nullptr);
+    EXPECT_EQ(value.GetXmlCollection().Get(), nullptr);
+  }
+  value.SetHexBinary(Bytes());
+  EXPECT_EQ(value.GetBase64Binary(), Bytes());
+}
+
+TEST(Variant, TextIsTakenOrSeenWithoutACopy) {
+  TovikVariant value;
+  value.SetString(kLong);
+  WString scratch = u"kept";
+  const wchar* const units = value.GetText(nullptr, scratch).data();
+  EXPECT_EQ(scratch, u"kept");
+  const WString taken = value.TakeString();
+  EXPECT_EQ(taken.data(), units);
+  EXPECT_EQ(value.GetString(), u"");
+  EXPECT_EQ(value.GetTypeAsEnum(), it_string);
+  value.SetI8(std::numeric_limits<std::int64_t>::min());
+  scratch = kLong;
+  const wchar* const room = scratch.data();
+  EXPECT_EQ(value.GetText(nullptr, scratch), u"-9223372036854775808");
+  EXPECT_EQ(scratch.data(), room);
+}
+
+TEST(Variant, OnlyRealsHeedTheFormat) {
+  TovikVariant value;
+  value.SetR8(2.5);
+  EXPECT_EQ(value.ToString(u"%.2f"), u"2.50");
+  value.SetR4(2.5f);
+  EXPECT_EQ(value.ToString(u"%.2f"), u"2.50");
+  for (const KindRow& row : Kinds()) {
+    if (row.kind == it_r4 || row.kind == it_r8) continue;
+    row.set(value);
+    EXPECT_EQ(value.ToString(u"%.2f"), row.text);
+  }
+}
+
+TEST(Variant, KindsWithoutATextAreRefused) {
+  TovikVariant rows[3];
+  rows[1].SetXmlObject(nullptr);
+  rows[2].SetXmlCollection(nullptr);
+  for (const TovikVariant& value : rows) {
+    const WString start = FormatString(u"Invalid Type %d", static_cast<int>(value.GetTypeAsEnum()));
+    EXPECT_EQ(MessageOf<CTovikException>([&] { value.GetType(); }), start);
+    EXPECT_EQ(MessageOf<CTovikException>([&] { value.ToString(nullptr); }),
+              start + u" to convert to string");
+  }
+  for (const int kind : {0, 27, 28, 29, 31}) {
+    EXPECT_EQ(MessageOf<CTovikException>(
+                  [&] { rows[0].FromString(u"1", static_cast<ItemType>(kind), W::ws_none); }),
+              FormatString(u"Invalid Type %d to convert to string", kind));
+  }
+}
+
+TEST(Variant, AFailedReadLeavesTheValue) {
+  TovikVariant value;
+  value.SetString(kLong);
+  EXPECT_EQ(
+      MessageOf<CTovikInvalidValueException>([&] { value.FromString(u"x", it_i4, W::ws_none); }),
+      u"The value [x] can not be converted to a i4");
+  EXPECT_EQ(MessageOf<CTovikException>([&] { value.FromString(u"0G", it_hexBinary, W::ws_none); }),
+            u"Invalid char in hex string [G]");
+  EXPECT_EQ(value.GetString(), kLong);
+}
+
+TEST(Variant, ReferencesAreCountedByEachVariant) {
+  {
+    TovikVariant first;
+    first.SetXmlObject(new Object);
+    TovikVariant second(first);
+    TovikVariant third;
+    third.SetString(kLong);
+    third = second;
+    second.SetXmlObject(first.GetXmlObject());
+    second.Clear();
+    first = std::move(third);
+    EXPECT_EQ(g_alive, 1);
+    EXPECT_EQ(first.GetXmlObject()->AddRef(), 3);  // the variant, the pointer at work, this one
+    EXPECT_EQ(first.GetXmlObject()->Release(), 2);
+    EXPECT_EQ(first.GetXmlCollection().Get(), nullptr);
+    first.SetXmlCollection(new Collection);
+    EXPECT_EQ(g_alive, 1);
+    EXPECT_EQ(first.GetXmlCollection()->GetCount(), 0);
+    EXPECT_NE(first.GetXmlObject().Get(), nullptr);
+    second.SetXmlObject(first.GetXmlCollection());
+    EXPECT_EQ(second.GetXmlCollection().Get(), first.GetXmlCollection().Get());
+    second.SetNil();
+    EXPECT_EQ(second.GetXmlObject().Get(), nullptr);
+  }
+  EXPECT_EQ(g_alive, 0);
+}
+
+TEST(Variant, AssignmentSurvivesASourceInsideTheOldValue) {
+  for (const bool move : {false, true}) {
+    auto* const object = new Object;
+    object->m_property.SetString(kLong);
+    TovikVariant holder;
+    holder.SetXmlObject(object);
+    if (move) {
+      holder = std::move(object->m_property);
+    } else {
+      holder = object->m_property;
+    }
+    EXPECT_EQ(holder.GetString(), kLong);
+    EXPECT_EQ(g_alive, 0);
+  }
+}

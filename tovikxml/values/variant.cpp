@@ -1,0 +1,263 @@
+#include "tovikxml/values/variant.h"
+
+#include <cstddef>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/binding/object_base.h"
+#include "tovikxml/collections/collection_base.h"
+#include "tovikxml/values/value_kinds.h"
+
+namespace TovikXmlLib16 {
+namespace {
+
+// How a value class lies in the storage of a variant: in place if it fits and moves without
+// failing, else as a pointer to a copy on the heap.
+template <class T, std::size_t size>
+struct Slot {
+  static constexpr bool kInPlace =
+      sizeof(T) <= size && alignof(T) <= 8 && std::is_nothrow_move_constructible_v<T>;
+
+  static void Make(unsigned char* storage, T value) {
+    if constexpr (kInPlace) {
+      new (storage) T(std::move(value));
+    } else {
+      T* const copy = new T(std::move(value));
+      std::memcpy(storage, &copy, sizeof copy);
+    }
+  }
+
+  static T* Get(const unsigned char* storage) {
+    if constexpr (kInPlace) {
+      return std::launder(reinterpret_cast<T*>(const_cast<unsigned char*>(storage)));
+    } else {
+      T* held;
+      std::memcpy(&held, storage, sizeof held);
+      return held;
+    }
+  }
+
+  static void Destroy(unsigned char* storage) noexcept {
+    if constexpr (kInPlace) {
+      Get(storage)->~T();
+    } else {
+      delete Get(storage);
+    }
+  }
+
+  /// Leaves in `from` what may be forgotten.
+  static void Move(unsigned char* from, unsigned char* to) noexcept {
+    if constexpr (kInPlace) {
+      new (to) T(std::move(*Get(from)));
+      Destroy(from);
+    } else {
+      std::memcpy(to, from, sizeof(T*));
+    }
+  }
+};
+
+bool IsReference(ItemType type) {
+  return type == it_xmlObject || type == it_xmlCollection;
+}
+
+[[noreturn]] void ThrowNoText(ItemType type) {
+  throw CTovikException(
+      FormatString(u"Invalid Type %d to convert to string", static_cast<int>(type)));
+}
+
+const wchar* NameOf(ItemType type) {
+  return VisitValueKind<const wchar*>(
+      type, [](auto row) { return decltype(row)::kName; },
+      [type]() -> const wchar* {
+        throw CTovikException(FormatString(u"Invalid Type %d", static_cast<int>(type)));
+      });
+}
+
+// Calls `visit(row)` for a kind whose value is owned; other kinds have nothing to visit.
+template <class Visit>
+bool VisitOwned(ItemType type, Visit&& visit) {
+  return VisitValueKind<bool>(
+      type,
+      [&](auto row) {
+        if constexpr (decltype(row)::kOwned) visit(row);
+        return decltype(row)::kOwned;
+      },
+      [] { return false; });
+}
+
+// Whether values of the kind are of the class `T`, as those of several kinds can be.
+template <class T>
+bool StoresAs(ItemType type) {
+  bool same = false;
+  VisitOwned(type, [&](auto row) { same = std::is_same_v<typename decltype(row)::Type, T>; });
+  return same;
+}
+
+}  // namespace
+
+TovikVariant::TovikVariant(const TovikVariant& other) {
+  ZeroValue();
+  CopyOther(other);
+}
+
+const TovikVariant& TovikVariant::operator=(const TovikVariant& other) {
+  if (HoldsText() && other.HoldsText()) {
+    Text() = other.Text();
+  } else {
+    *this = TovikVariant(other);
+  }
+  return *this;
+}
+
+// Copies into a variant that is as new.
+void TovikVariant::CopyOther(const TovikVariant& other) {
+  if (!other.m_holds) {
+    std::memcpy(m_value, other.m_value, 8);
+  } else if (IsReference(other.m_type)) {
+    SetReference(other.m_type, other.Reference());
+  } else if (!VisitOwned(other.m_type, [&](auto row) {
+               using S = Slot<typename decltype(row)::Type, kStorage>;
+               S::Make(m_value, *S::Get(other.m_value));
+             })) {
+    throw CTovikException(u"Unknown Type");
+  }
+  m_nil = other.m_nil;
+  m_holds = other.m_holds;
+  m_type = other.m_type;
+}
+
+// Moves anything but a text; `other` then holds nothing.
+void TovikVariant::MoveOther(TovikVariant& other) noexcept {
+  if (!m_holds || IsReference(m_type)) {
+    std::memcpy(m_value, other.m_value, 8);
+  } else {
+    VisitOwned(m_type, [&](auto row) {
+      Slot<typename decltype(row)::Type, kStorage>::Move(other.m_value, m_value);
+    });
+  }
+  other.m_holds = false;
+}
+
+// Releases anything but a text.
+void TovikVariant::ReleaseOther() noexcept {
+  if (IsReference(m_type)) {
+    Reference()->Release();
+  } else {
+    VisitOwned(m_type, [this](auto row) {
+      Slot<typename decltype(row)::Type, kStorage>::Destroy(m_value);
+    });
+  }
+}
+
+template <class T>
+void TovikVariant::SetOwned(ItemType type, T value) {
+  Clear();
+  Slot<T, kStorage>::Make(m_value, std::move(value));
+  m_type = type;
+  m_holds = true;
+}
+
+template <class T>
+const T& TovikVariant::Owned(ItemType type) const {
+  if (!m_holds || (m_type != type && !StoresAs<T>(m_type))) {
+    throw CTovikInvalidStateException(
+        FormatString(u"The variant holds no value of the type %s", NameOf(type)));
+  }
+  return *Slot<T, kStorage>::Get(m_value);
+}
+
+void TovikVariant::SetHexBinary(const CBinaryData& value) {
+  SetOwned(it_hexBinary, value);
+}
+
+void TovikVariant::SetBase64Binary(const CBinaryData& value) {
+  SetOwned(it_base64Binary, value);
+}
+
+WString TovikVariant::GetString() const {
+  return Owned<WString>(it_string);
+}
+
+WString TovikVariant::TakeString() {
+  Owned<WString>(it_string);
+  return std::exchange(Text(), WString());
+}
+
+CBinaryData TovikVariant::GetHexBinary() const {
+  return Owned<CBinaryData>(it_hexBinary);
+}
+
+CBinaryData TovikVariant::GetBase64Binary() const {
+  return Owned<CBinaryData>(it_base64Binary);
+}
+
+void TovikVariant::SetReference(ItemType type, CXmlObjectBase* object) {
+  // First, since what is held so far may hold the object.
+  if (object) object->AddRef();
+  Clear();
+  std::memcpy(m_value, &object, sizeof object);
+  m_type = type;
+  m_holds = object != nullptr;
+}
+
+CXmlObjectBase* TovikVariant::Reference() const {
+  return m_holds && IsReference(m_type) ? Plain<CXmlObjectBase*>() : nullptr;
+}
+
+void TovikVariant::SetXmlObject(CXmlObjectBase* object) {
+  SetReference(it_xmlObject, object);
+}
+
+void TovikVariant::SetXmlCollection(CXmlCollectionBase* collection) {
+  SetReference(it_xmlCollection, collection);
+}
+
+CSmartPtr<CXmlObjectBase> TovikVariant::GetXmlObject() const {
+  return Reference();
+}
+
+CSmartPtr<CXmlCollectionBase> TovikVariant::GetXmlCollection() const {
+  if (m_type == it_xmlCollection) return static_cast<CXmlCollectionBase*>(Reference());
+  return dynamic_cast<CXmlCollectionBase*>(Reference());
+}
+
+WString TovikVariant::GetType() const {
+  return NameOf(m_type);
+}
+
+const WString& TovikVariant::WriteText(const wchar* format, WString& scratch) const {
+  VisitValueKind<void>(
+      m_type,
+      [&](auto row) {
+        using Row = decltype(row);
+        if constexpr (Row::kOwned) {
+          Row::ToText(Owned<typename Row::Type>(m_type), format, scratch);
+        } else if constexpr (std::is_same_v<typename Row::Type, bool>) {
+          Row::ToText(GetBoolean(), format, scratch);
+        } else {
+          Row::ToText(Plain<typename Row::Type>(), format, scratch);
+        }
+      },
+      [this] { ThrowNoText(m_type); });
+  return scratch;
+}
+
+void TovikVariant::FromString(const WString& text, ItemType type,
+                              CWhitespaceUtils::WhitespaceRule rule) {
+  VisitValueKind<void>(
+      type,
+      [&](auto row) {
+        using Row = decltype(row);
+        auto value = Row::FromText(text, rule);
+        if constexpr (std::is_same_v<typename Row::Type, WString>) {
+          SetString(std::move(value));
+        } else if constexpr (Row::kOwned) {
+          SetOwned(type, std::move(value));
+        } else {
+          SetPlain(type, value);
+        }
+      },
+      [type] { ThrowNoText(type); });
+}
+
+}  // namespace TovikXmlLib16
