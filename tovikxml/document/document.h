@@ -1,0 +1,189 @@
+#ifndef TOVIKXML_DOCUMENT_DOCUMENT_H_
+#define TOVIKXML_DOCUMENT_DOCUMENT_H_
+
+#include <cstddef>
+#include <map>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "tovikxml/base/export.h"
+#include "tovikxml/base/instance_monitor.h"
+#include "tovikxml/base/wide_string.h"
+
+/// A parsed document as a tree. Whatever the source (XML text, Fast Infoset, compressed bytes),
+/// objects are read from this tree:
+///
+///     CXmlDocument document;
+///     document.Load(u"orders.xml");
+///     for (CXmlElement* order = document.GetDocumentElement()->GetFirstElement(); order;
+///          order = order->GetNextSiblingElement()) {
+///       use(order->GetLocalName(), order->GetAttribute(u"id", u""));
+///     }
+///
+/// Names are kept as namespace URI and local name; the text of an element is one string, all its
+/// character content in document order; prefixes survive in one table for the whole document.
+/// Comments, processing instructions and the document type are dropped. Nodes belong to their
+/// document and never outlive it. A document belongs to one thread.
+namespace TovikXmlLib16 {
+
+class CInputFile;
+class CSerializationContext;
+class CXmlDocument;
+class CXmlElement;
+struct ByteArray;
+struct CXmlName;
+struct CXmlTreeStorage;
+
+class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
+ public:
+  ~CXmlAttribute() override;
+
+  const WString& GetLocalName() const;
+  const WString& GetNamespaceURI() const;
+  const WString& GetValue() const { return m_value; }
+  /// The path of the attribute, such as "/orders/order[2]/@id".
+  WString GetXPath() const;
+
+  /// Whether this is `xmlns`, `xsi:type`, `xsi:schemaLocation` or `xsi:noNamespaceSchemaLocation`:
+  /// the document's machinery rather than the schema's.
+  bool IsNamespaceAttribute() const;
+  bool IsNilAttribute() const;
+
+ private:
+  friend class CXmlDocument;
+  friend struct CXmlTreeStorage;
+  CXmlAttribute();
+
+  bool IsReserved() const;
+
+  CXmlElement* m_element = nullptr;
+  const CXmlName* m_name = nullptr;
+  WString m_value;
+};
+
+class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
+ public:
+  CXmlDocument* GetDocument() const { return m_document; }
+  /// Null at the root.
+  CXmlElement* GetParentElm() const { return m_parent; }
+  CXmlElement* GetFirstElement() const { return m_firstChild; }
+  CXmlElement* GetNextSiblingElement() const { return m_nextSibling; }
+
+  const WString& GetLocalName() const;
+  /// Empty when the element is in no namespace.
+  const WString& GetNamespaceURI() const;
+  const WString& GetText() const { return m_text; }
+  /// In document order.
+  const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
+  /// The value of the first attribute with both names; an empty text if there is none.
+  const WString& GetAttribute(const WString& localName, const WString& namespaceUri) const;
+  /// The path of the element, such as "/orders/p:order[2]": an element has a position if siblings
+  /// have the same qualified name, and a prefix if the document declares a non-empty one.
+  WString GetXPath() const;
+
+ protected:
+  ~CXmlElement() override;
+
+ private:
+  friend class CXmlAttribute;
+  friend class CXmlDocument;
+  friend struct CXmlTreeStorage;
+  CXmlElement();
+
+  WString GetQName() const;
+  WString GetNameWithPredicate() const;
+
+  CXmlDocument* m_document = nullptr;
+  CXmlElement* m_parent = nullptr;
+  CXmlElement* m_nextSibling = nullptr;
+  CXmlElement* m_firstChild = nullptr;
+  CXmlElement* m_lastChild = nullptr;
+  const CXmlName* m_name = nullptr;
+  std::vector<CXmlAttribute*> m_attributes;
+  WString m_text;
+};
+
+class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
+ public:
+  /// Sees each element at its end tag, children first, complete but for children freed before.
+  /// Returning true frees the element at once, so that a very long document can be processed
+  /// element by element while the tree stays small. The root always stays.
+  using ElementCallback = bool (*)(CXmlElement*);
+
+  /// Without a context the default context is used. The context must outlive the document.
+  CXmlDocument();
+  explicit CXmlDocument(const CSerializationContext& context);
+  explicit CXmlDocument(ElementCallback callback);
+  CXmlDocument(ElementCallback callback, const CSerializationContext& context);
+  CXmlDocument(const CXmlDocument&) = delete;
+  CXmlDocument& operator=(const CXmlDocument&) = delete;
+  ~CXmlDocument() override;
+
+  /// Frees the tree and the prefix table.
+  virtual void Cleanup();
+
+  // Each load entry first calls `Cleanup`. They throw `CTovikException`: "%s at line %d" with the
+  // parser's words for text that is not well-formed, "XML String is empty!", "XML Stream is
+  // empty!", or a message with the file's name and the system's error number. After a failure the
+  // document is to be abandoned or loaded again.
+
+  /// Reads XML text from a file, which may be compressed with gzip or zlib. In overlapped mode
+  /// (`AsyncFromXmlFile`) the file is read in blocks and must be plain XML text.
+  void Load(const wchar* fileName);
+  /// Reads bytes as `Load` does.
+  void LoadXmlStream(const unsigned char* data, unsigned long length);
+  /// Reads bytes in the encoding that they declare, else UTF-8.
+  void LoadXml(const char* text);
+  /// Reads 16-bit text, which needs no declaration; one that names another encoding is refused.
+  void LoadXml(const wchar* text);
+
+  /// The root; null before a load.
+  CXmlElement* GetDocumentElement() const { return m_root; }
+  /// The first prefix, in ascending order, that is bound to the URI anywhere in the document. Empty
+  /// if there is none or if it is the default namespace.
+  WString LookupAliasFromNamespace(const wchar* uri) const;
+  /// The URI last bound to the prefix; empty if it is unknown.
+  WString LookupNamespaceFromAlias(const wchar* alias) const;
+
+ private:
+  friend class CExpatReader;
+  friend class CXmlElement;
+  friend class CXmlAttribute;
+
+  // An element between its start and its end tag, and the sibling in front of it.
+  struct OpenElement {
+    CXmlElement* element;
+    CXmlElement* previousSibling;
+  };
+
+  // For the parsers.
+  const CXmlName* KeepName(WStringView qualified);
+  CXmlElement* AddElement(const CXmlName* name);
+  void AddElementAttribute(CXmlElement* element, const CXmlName* name, WStringView value);
+  void AppendTextExcludingCR(CXmlElement* element, WStringView text);
+  void EndElement();
+  CXmlElement* TopElement() const { return m_open.empty() ? nullptr : m_open.back().element; }
+  void BindAlias(WString prefix, WString uri) { m_aliases[std::move(prefix)] = std::move(uri); }
+  void RemoveLastChildElement(const OpenElement& ended);
+
+  void Parse(ByteArray input);
+  void ParseText(const ByteArray& input);
+  void LoadWhole(const wchar* fileName);
+  void LoadOverlapped(const wchar* fileName);
+  void ParseOverlapped(CInputFile& file, ByteArray current);
+
+  WString LookupAlias(WStringView uri) const;
+
+  std::unique_ptr<CXmlTreeStorage> m_storage;
+  CXmlElement* m_root = nullptr;
+  std::vector<OpenElement> m_open;
+  std::map<WString, WString> m_aliases;
+  int m_schemaType;
+  ElementCallback m_callback = nullptr;
+  const CSerializationContext* m_context;
+};
+
+}  // namespace TovikXmlLib16
+
+#endif  // TOVIKXML_DOCUMENT_DOCUMENT_H_

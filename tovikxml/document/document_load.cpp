@@ -1,0 +1,153 @@
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
+#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/document/byte_array.h"
+#include "tovikxml/document/compression.h"
+#include "tovikxml/document/document.h"
+#include "tovikxml/document/expat_reader.h"
+#include "tovikxml/platform/async_files.h"
+#include "tovikxml/platform/file.h"
+
+// The roads from a file, bytes or text to the parser.
+namespace TovikXmlLib16 {
+namespace {
+
+constexpr std::uint32_t kChunkSize = 0x20000;
+
+void OpenFile(CInputFile& file, const wchar* fileName) {
+  if (const int error = file.Open(fileName)) {
+    throw CTovikException(
+        FormatString(u"Failed to open the file [%s] Error [0x%08x]", fileName, error));
+  }
+}
+
+[[noreturn]] void ThrowReadFailure(const wchar* fileName, int error) {
+  throw CTovikException(FormatString(u"Failed to read the contents of the file [%s] Error [0x%08x]",
+                                     fileName, error));
+}
+
+[[noreturn]] void ThrowReadFailure(int error) {
+  throw CTovikException(
+      FormatString(u"Failed to read the contents of the file. Error [0x%08x]", error));
+}
+
+ByteArray CopyOfBytes(const void* data, std::size_t length) {
+  ByteArray copy = NewByteArray(length);
+  std::memcpy(copy.data.get(), data, length);
+  return copy;
+}
+
+// The text as UTF-16, low byte first, behind the byte order mark that tells the parser so.
+ByteArray MarkedUtf16(WStringView text) {
+  ByteArray bytes = NewByteArray((text.size() + 1) * sizeof(wchar));
+  unsigned char* out = bytes.data.get();
+  *out++ = 0xFF;
+  *out++ = 0xFE;
+  for (const wchar unit : text) {
+    *out++ = static_cast<unsigned char>(unit & 0xFF);
+    *out++ = static_cast<unsigned char>(unit >> 8);
+  }
+  return bytes;
+}
+
+}  // namespace
+
+void CXmlDocument::Load(const wchar* fileName) {
+  Cleanup();
+  if (IsAsyncFromXmlFile()) {
+    LoadOverlapped(fileName);
+  } else {
+    LoadWhole(fileName);
+  }
+}
+
+void CXmlDocument::LoadXmlStream(const unsigned char* data, unsigned long length) {
+  Cleanup();
+  if (length == 0) throw CTovikException(u"XML Stream is empty!");
+  if (!data) throw CTovikInvalidParamException(u"The XML stream has a length but no data");
+  Parse(CopyOfBytes(data, length));
+}
+
+void CXmlDocument::LoadXml(const char* text) {
+  Cleanup();
+  if (!text || !*text) throw CTovikException(u"XML String is empty!");
+  ParseText(CopyOfBytes(text, std::strlen(text)));
+}
+
+void CXmlDocument::LoadXml(const wchar* text) {
+  Cleanup();
+  if (!text || !*text) throw CTovikException(u"XML String is empty!");
+  ParseText(MarkedUtf16(text));
+}
+
+// Compressed bytes are recognised by the attempt to decompress them.
+void CXmlDocument::Parse(ByteArray input) {
+  DecompressData(input, m_context->GetMaxDecompressedSize());
+  ParseText(input);
+}
+
+void CXmlDocument::ParseText(const ByteArray& input) {
+  CExpatReader reader(this);
+  reader.Create();
+  reader.ParseBuffer(input.data.get(), input.length, true);
+}
+
+void CXmlDocument::LoadWhole(const wchar* fileName) {
+  CInputFile file;
+  OpenFile(file, fileName);
+  const SizeResult size = file.GetSize();
+  if (size.error) {
+    throw CTovikException(FormatString(u"Failed to get the size of the file [%s] Error [0x%08x]",
+                                       fileName, size.error));
+  }
+  ByteArray input = NewByteArray(size.size);
+  if (const int error = file.ReadWhole(input.data.get(), input.length)) {
+    ThrowReadFailure(fileName, error);
+  }
+  file.Close();
+  Parse(std::move(input));
+}
+
+void CXmlDocument::LoadOverlapped(const wchar* fileName) {
+  CInputFile file;
+  OpenFile(file, fileName);
+  ByteArray first = NewByteArray(kChunkSize);
+  if (const int error = file.StartRead(first.data.get(), kChunkSize, 0)) ThrowReadFailure(error);
+  const TransferResult read = file.FinishRead();
+  if (read.error) ThrowReadFailure(fileName, read.error);
+  first.length = static_cast<std::uint32_t>(read.length);
+  try {
+    ParseOverlapped(file, std::move(first));
+  } catch (...) {
+    Cleanup();
+    throw;
+  }
+}
+
+// Parses one block while the system reads the next. The first block that is not full is the last.
+void CXmlDocument::ParseOverlapped(CInputFile& file, ByteArray current) {
+  CExpatReader reader(this);
+  reader.Create();
+  ByteArray next = NewByteArray(kChunkSize);
+  std::uint64_t position = current.length;
+  while (current.length == kChunkSize) {
+    if (const int error = file.StartRead(next.data.get(), kChunkSize, position)) {
+      ThrowReadFailure(error);
+    }
+    reader.ParseBuffer(current.data.get(), current.length, false);
+    const TransferResult read = file.FinishRead();
+    if (read.error) ThrowReadFailure(read.error);
+    next.length = static_cast<std::uint32_t>(read.length);
+    position += read.length;
+    std::swap(current, next);
+  }
+  reader.ParseBuffer(current.data.get(), current.length, true);
+  if (!m_root) throw CTovikException(u"Invalid or empty XML document");
+}
+
+}  // namespace TovikXmlLib16

@@ -1,0 +1,159 @@
+#include "tovikxml/document/expat_reader.h"
+
+#include <expat.h>
+
+#include <algorithm>
+#include <exception>
+#include <new>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
+#include "tovikxml/base/utf8.h"
+#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/document/document.h"
+#include "tovikxml/document/xml_names.h"
+
+namespace TovikXmlLib16 {
+namespace {
+
+constexpr XML_Char kNamespaceSeparator = '|';
+// expat takes lengths as int.
+constexpr std::size_t kLargestPiece = std::size_t{1} << 30;
+
+std::size_t LengthOf(const XML_Char* text) {
+  std::size_t length = 0;
+  while (text[length]) ++length;
+  return length;
+}
+
+// What expat hands over, as 16-bit text. Its 16-bit build gives that already; the text of its
+// 8-bit build is converted into `scratch`, where it stays until the next conversion.
+#ifdef XML_UNICODE
+static_assert(sizeof(XML_Char) == sizeof(wchar));
+
+WStringView Widen(const XML_Char* text, std::size_t length, WString& /*scratch*/) {
+  return {reinterpret_cast<const wchar*>(text), length};
+}
+#else
+WStringView Widen(const XML_Char* text, std::size_t length, WString& scratch) {
+  // expat has checked the encoding and never cuts a character.
+  scratch = DecodeUtf8({text, length}).value_or(WString());
+  return scratch;
+}
+#endif
+
+WStringView Widen(const XML_Char* text, WString& scratch) {
+  return text ? Widen(text, LengthOf(text), scratch) : WStringView();
+}
+
+}  // namespace
+
+// The functions that expat calls. An exception must not pass through its frames: it is kept, the
+// parser is stopped, and `ParseBuffer` throws it on.
+struct CExpatReader::Handlers {
+  CXmlDocument* document;
+  XML_Parser parser;
+  std::exception_ptr failure;
+  WString nameScratch;
+  WString valueScratch;
+
+  template <class Action>
+  static void Guard(void* userData, Action action) {
+    auto& self = *static_cast<Handlers*>(userData);
+    if (self.failure) return;
+    try {
+      action(self);
+    } catch (...) {
+      self.failure = std::current_exception();
+      XML_StopParser(self.parser, XML_FALSE);
+    }
+  }
+
+  static void XMLCALL OnStartElement(void* userData, const XML_Char* name,
+                                     const XML_Char** attributes) {
+    Guard(userData, [&](Handlers& self) {
+      CXmlDocument& target = *self.document;
+      CXmlElement* element = target.AddElement(target.KeepName(Widen(name, self.nameScratch)));
+      for (; *attributes; attributes += 2) {
+        const CXmlName* kept = target.KeepName(Widen(attributes[0], self.nameScratch));
+        target.AddElementAttribute(element, kept, Widen(attributes[1], self.valueScratch));
+      }
+    });
+  }
+
+  static void XMLCALL OnEndElement(void* userData, const XML_Char* /*name*/) {
+    Guard(userData, [](Handlers& self) { self.document->EndElement(); });
+  }
+
+  static void XMLCALL OnCharacterData(void* userData, const XML_Char* text, int length) {
+    Guard(userData, [&](Handlers& self) {
+      const auto size = static_cast<std::size_t>(length);
+      self.Append(Widen(text, size, self.valueScratch));
+    });
+  }
+
+  static void XMLCALL OnStartCdata(void* userData) {
+    Guard(userData, [](Handlers& self) { self.Append(kCDataStart); });
+  }
+
+  static void XMLCALL OnEndCdata(void* userData) {
+    Guard(userData, [](Handlers& self) { self.Append(kCDataEnd); });
+  }
+
+  static void XMLCALL OnStartNamespace(void* userData, const XML_Char* prefix,
+                                       const XML_Char* uri) {
+    Guard(userData, [&](Handlers& self) {
+      self.document->BindAlias(WString(Widen(prefix, self.nameScratch)),
+                               WString(Widen(uri, self.valueScratch)));
+    });
+  }
+
+  static void XMLCALL OnEndNamespace(void* /*userData*/, const XML_Char* /*prefix*/) {}
+
+  void Append(WStringView text) { document->AppendTextExcludingCR(document->TopElement(), text); }
+};
+
+CExpatReader::CExpatReader(CXmlDocument* document)
+    : CInstanceMonitor(u"CExpatReader"), m_document(document) {}
+
+CExpatReader::~CExpatReader() = default;
+
+void CExpatReader::FreeParser::operator()(XML_ParserStruct* parser) const {
+  XML_ParserFree(parser);
+}
+
+void CExpatReader::Create() {
+  m_parser.reset(m_document->m_schemaType == st_NoNamespaces
+                     ? XML_ParserCreate(nullptr)
+                     : XML_ParserCreateNS(nullptr, kNamespaceSeparator));
+  if (!m_parser) throw std::bad_alloc();
+  XML_Parser parser = m_parser.get();
+  m_handlers.reset(new Handlers{m_document, parser, nullptr, WString(), WString()});
+  XML_SetUserData(parser, m_handlers.get());
+  XML_SetElementHandler(parser, Handlers::OnStartElement, Handlers::OnEndElement);
+  XML_SetNamespaceDeclHandler(parser, Handlers::OnStartNamespace, Handlers::OnEndNamespace);
+  XML_SetCharacterDataHandler(parser, Handlers::OnCharacterData);
+  if (!m_document->m_context->GetStripCDATA()) {
+    XML_SetCdataSectionHandler(parser, Handlers::OnStartCdata, Handlers::OnEndCdata);
+  }
+}
+
+void CExpatReader::ParseBuffer(const unsigned char* data, std::size_t length, bool isFinal) {
+  const char* bytes = reinterpret_cast<const char*>(data);
+  do {
+    const std::size_t piece = std::min(length, kLargestPiece);
+    const bool last = isFinal && piece == length;
+    const XML_Status status = XML_Parse(m_parser.get(), bytes, static_cast<int>(piece), last);
+    if (m_handlers->failure) std::rethrow_exception(m_handlers->failure);
+    if (status != XML_STATUS_OK) {
+      const XML_LChar* words = XML_ErrorString(XML_GetErrorCode(m_parser.get()));
+      const auto line = static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser.get()));
+      throw CTovikException(FormatString(u"%S at line %lu", words, line));
+    }
+    bytes += piece;
+    length -= piece;
+  } while (length != 0);
+}
+
+}  // namespace TovikXmlLib16

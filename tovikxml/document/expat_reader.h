@@ -1,0 +1,41 @@
+#ifndef TOVIKXML_DOCUMENT_EXPAT_READER_H_
+#define TOVIKXML_DOCUMENT_EXPAT_READER_H_
+
+#include <cstddef>
+#include <memory>
+
+#include "tovikxml/base/instance_monitor.h"
+
+struct XML_ParserStruct;
+
+namespace TovikXmlLib16 {
+
+class CXmlDocument;
+
+/// Feeds XML text to expat and builds the tree of a document from its events. One reader serves
+/// one parse. What a callback throws ends the parse and reaches the caller of `ParseBuffer`.
+class CExpatReader : public CInstanceMonitor {
+ public:
+  explicit CExpatReader(CXmlDocument* document);
+  ~CExpatReader() override;
+
+  /// Makes the parser: with namespaces unless the document's context says `st_NoNamespaces`.
+  void Create();
+  /// Parses the next bytes of the document. Throws `CTovikException` "%s at line %d" with the
+  /// parser's words; lines are counted over all buffers.
+  void ParseBuffer(const unsigned char* data, std::size_t length, bool isFinal);
+
+ private:
+  struct Handlers;
+  struct FreeParser {
+    void operator()(XML_ParserStruct* parser) const;
+  };
+
+  CXmlDocument* m_document;
+  std::unique_ptr<XML_ParserStruct, FreeParser> m_parser;
+  std::unique_ptr<Handlers> m_handlers;
+};
+
+}  // namespace TovikXmlLib16
+
+#endif  // TOVIKXML_DOCUMENT_EXPAT_READER_H_
