@@ -1,0 +1,1 @@
+tovikxml_sources(collections attribute attribute_col collection collection_base)
