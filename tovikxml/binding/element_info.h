@@ -1,0 +1,375 @@
+#ifndef TOVIKXML_BINDING_ELEMENT_INFO_H_
+#define TOVIKXML_BINDING_ELEMENT_INFO_H_
+
+#include <type_traits>
+
+#include "tovikxml/base/smart_ptr.h"
+#include "tovikxml/binding/class_info.h"
+
+/// The element records. The name of a record class spells out what it stands for:
+///
+///     CElementInfo + group + kind + occurrence
+///
+///     group        Seq, All, Choice   the content model that the record stands in
+///     kind         Prim               a primitive value
+///                  Enum               an enumeration
+///                  Cls                an object of one known class
+///                  AbsCls             an object whose class is chosen by looking at the element
+///                  Untpd              a wildcard (xs:any)
+///     occurrence   Mnd, Opt, Col      exactly one; at most one; repeated, held in a collection
+///
+/// All constructors begin with name, namespace and property index; the kind adds the arguments
+/// that its class below takes. `Choice` has no `Mnd`.
+namespace TovikXmlLib16Data {
+
+/// Makes the object of a class record, from the record's factory argument and element name.
+using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int factoryArgument, const wchar* elementName);
+/// Chooses and makes an object by looking at the element; null if none suits.
+using AbstractClassFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
+
+namespace detail {
+
+/// One attempt to read a record: the arguments of `ElementFromXml`.
+struct Reading {
+  const CSerializationContext& context;
+  CXmlGeneratedClass* owner;
+  CXmlElement* parent;
+  CXmlElement** child;
+  const wchar* defaultNamespace;
+  XmlElementType parentType;
+
+  bool IsInRealElement() const { return parentType == xet_Element; }
+};
+
+// The kinds: what a record of one occurrence holds, how it writes its property (`Write` tells
+// whether there was something to write), and how it reads in each place.
+
+class TOVIKXML_EXPORT ValueKind : public CElementInfo {
+ protected:
+  using CElementInfo::CElementInfo;
+  bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+             CXmlWriter* writer, bool isOptionalChoice) const;
+  bool ReadSeqMnd(const Reading& reading) const;
+  bool ReadSeqOpt(const Reading& reading) const;
+  bool ReadAllMnd(const Reading& reading) const { return ReadIfMatching(reading); }
+  bool ReadAllOpt(const Reading& reading) const { return ReadIfMatching(reading); }
+  bool ReadChoiceOpt(const Reading& reading) const { return ReadIfMatching(reading); }
+  bool ValidateMnd(bool seen, bool parentIsElement) const;
+
+ private:
+  bool ReadIfMatching(const Reading& reading) const;
+  void ReadValue(const Reading& reading) const;
+};
+
+class TOVIKXML_EXPORT PrimKind : public ValueKind {
+ public:
+  PrimKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
+           ItemType itemType, const wchar* formatOverride,
+           CWhitespaceUtils::WhitespaceRule whitespaceRule,
+           const CPrimitiveRestrictions& restrictions, const wchar* defaultValue);
+};
+
+class TOVIKXML_EXPORT EnumKind : public ValueKind {
+ public:
+  EnumKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
+           EnumToText enumToText, TextToEnum textToEnum, const wchar* defaultValue);
+};
+
+/// What records of objects share: whether the object has tags of its own, and its attributes.
+class TOVIKXML_EXPORT ObjectKind : public CElementInfo {
+ public:
+  void PseudoChildAttributeToXml(const CSerializationContext& context,
+                                 const CXmlGeneratedClass* owner,
+                                 CXmlWriter* writer) const override;
+
+ protected:
+  ObjectKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
+             XmlElementType elementType);
+
+  bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+             CXmlWriter* writer, bool isOptionalChoice) const;
+  /// Reads the object from the element at the cursor and moves the cursor behind it.
+  void ReadReal(CXmlObjectBase* object, const Reading& reading, bool isOptionalChoice) const;
+  /// Lets the object read on at the cursor; gives the cursor behind what it took.
+  CXmlElement* ReadPseudo(CXmlObjectBase* object, const Reading& reading) const;
+  void Store(CXmlObjectBase* object, const Reading& reading) const;
+  bool HasOwnElement() const { return m_elementType == xet_Element; }
+  XmlElementType GetElementType() const { return m_elementType; }
+
+ private:
+  XmlElementType m_elementType;
+};
+
+class TOVIKXML_EXPORT ClsKind : public ObjectKind {
+ public:
+  /// `mustConsume`: a pseudo element with mandatory content, whose reading must move the cursor.
+  /// It counts for mandatory records, which never call the factory.
+  ClsKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
+          XmlElementType elementType, ClassFactory factory, int factoryArgument,
+          bool mustConsume = false);
+
+ protected:
+  bool ReadSeqMnd(const Reading& reading) const;
+  bool ReadSeqOpt(const Reading& reading) const;
+  bool ReadAllMnd(const Reading& reading) const;
+  bool ReadAllOpt(const Reading& reading) const { return ReadOptional(reading); }
+  bool ReadChoiceOpt(const Reading& reading) const;
+  bool ValidateMnd(bool seen, bool parentIsElement) const;
+
+ private:
+  CSmartPtr<CXmlObjectBase> Make() const;
+  CSmartPtr<CXmlObjectBase> GetObject(const CXmlGeneratedClass* owner) const;
+  bool ReadOptional(const Reading& reading) const;
+  bool ReadMandatoryPseudo(CXmlObjectBase* object, const Reading& reading) const;
+
+  ClassFactory m_factory;
+  int m_factoryArgument;
+  bool m_mustConsume;
+};
+
+class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
+ public:
+  /// `unused` is there for generated code and is not read.
+  AbsClsKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
+             XmlElementType elementType, AbstractClassFactory factory, int unused = 0);
+
+ protected:
+  bool ReadSeqMnd(const Reading& reading) const;
+  bool ReadSeqOpt(const Reading& reading) const;
+  bool ReadAllMnd(const Reading& reading) const { return ReadAll(reading); }
+  bool ReadAllOpt(const Reading& reading) const { return ReadAll(reading); }
+  bool ReadChoiceOpt(const Reading& reading) const;
+  bool ValidateMnd(bool seen, bool parentIsElement) const;
+
+ private:
+  /// The object for the element at the cursor; null if it does not match or none suits.
+  CSmartPtr<CXmlObjectBase> MakeIfMatching(const Reading& reading) const;
+  void ReadAndStore(CXmlObjectBase* object, const Reading& reading) const;
+  bool ReadAll(const Reading& reading) const;
+
+  AbstractClassFactory m_factory;
+};
+
+class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
+ public:
+  /// `anyNamespaces` is the wildcard's `namespace` attribute. The name "AnyElement" takes any local
+  /// name.
+  UntpdKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
+            const wchar* anyNamespaces, const wchar* targetNamespace);
+
+ protected:
+  bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+             CXmlWriter* writer, bool isOptionalChoice) const;
+  bool ReadSeqMnd(const Reading& reading) const;
+  bool ReadSeqOpt(const Reading& reading) const;
+  bool ReadAllMnd(const Reading& reading) const;
+  bool ReadAllOpt(const Reading& reading) const;
+  bool ReadChoiceOpt(const Reading& reading) const;
+  bool ValidateMnd(bool seen, bool parentIsElement) const;
+
+ private:
+  WString m_anyNamespaces;
+  WString m_targetNamespace;
+};
+
+// Group and occurrence, joined with a kind.
+
+template <class Kind>
+class MndRecord : public Kind {
+ public:
+  using Kind::Kind;
+  bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                    CXmlWriter* writer) const override {
+    this->RequirePresent(Kind::Write(context, owner, writer, false));
+    return true;
+  }
+};
+
+template <class Kind>
+class OptRecord : public Kind {
+ public:
+  using Kind::Kind;
+  bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                    CXmlWriter* writer) const override {
+    return Kind::Write(context, owner, writer, false);
+  }
+};
+
+template <class Kind>
+class SeqMnd : public MndRecord<Kind> {
+ public:
+  using MndRecord<Kind>::MndRecord;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override {
+    return Kind::ReadSeqMnd({context, owner, parent, child, defaultNamespace, parentType});
+  }
+};
+
+template <class Kind>
+class SeqOpt : public OptRecord<Kind> {
+ public:
+  using OptRecord<Kind>::OptRecord;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override {
+    return Kind::ReadSeqOpt({context, owner, parent, child, defaultNamespace, parentType});
+  }
+};
+
+template <class Kind>
+class AllMnd : public MndRecord<Kind> {
+ public:
+  using MndRecord<Kind>::MndRecord;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override {
+    return Kind::ReadAllMnd({context, owner, parent, child, defaultNamespace, parentType});
+  }
+  bool Validate(const CSerializationContext& /*context*/, const CXmlGeneratedClass* /*owner*/,
+                bool seen, bool parentIsElement) const override {
+    return Kind::ValidateMnd(seen, parentIsElement);
+  }
+};
+
+template <class Kind>
+class AllOpt : public OptRecord<Kind> {
+ public:
+  using OptRecord<Kind>::OptRecord;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override {
+    return Kind::ReadAllOpt({context, owner, parent, child, defaultNamespace, parentType});
+  }
+  bool Validate(const CSerializationContext& /*context*/, const CXmlGeneratedClass* /*owner*/,
+                bool /*seen*/, bool /*parentIsElement*/) const override {
+    return true;
+  }
+};
+
+template <class Kind>
+class ChoiceOpt : public Kind {
+ public:
+  template <class... Arguments>
+  explicit ChoiceOpt(Arguments... arguments) : Kind(arguments...) {
+    this->MarkOptionalInChoice();
+  }
+  /// An empty choice inside an optional object of a known class is let through.
+  bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                    CXmlWriter* writer) const override {
+    return Kind::Write(context, owner, writer, std::is_same_v<Kind, ClsKind>);
+  }
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override {
+    return Kind::ReadChoiceOpt({context, owner, parent, child, defaultNamespace, parentType});
+  }
+};
+
+}  // namespace detail
+
+/// Bases of the repeated records; the property is a collection that exists from the start and
+/// knows its limits.
+class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
+ public:
+  CElementInfoSeqCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
+  bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                    CXmlWriter* writer) const override;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override;
+};
+
+class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
+ public:
+  CElementInfoAllCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
+  bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                    CXmlWriter* writer) const override;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override;
+};
+
+class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
+ public:
+  CElementInfoChoiceCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
+  bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                    CXmlWriter* writer) const override;
+  bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
+                      CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
+                      XmlElementType parentType) override;
+};
+
+namespace detail {
+
+/// A repeated object: the attributes of pseudo items go on the enclosing element.
+template <class GroupCol>
+class ObjectCol : public GroupCol {
+ public:
+  ObjectCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
+            XmlElementType elementType)
+      : GroupCol(name, namespaceUri, propertyIndex), m_elementType(elementType) {}
+  void PseudoChildAttributeToXml(const CSerializationContext& context,
+                                 const CXmlGeneratedClass* owner,
+                                 CXmlWriter* writer) const override {
+    if (m_elementType == xet_PseudoElement) this->ItemAttributesToXml(context, owner, writer);
+  }
+
+ private:
+  XmlElementType m_elementType;
+};
+
+}  // namespace detail
+
+// clang-format off
+class TOVIKXML_EXPORT CElementInfoSeqPrimMnd       final : public detail::SeqMnd<detail::PrimKind>      { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumMnd       final : public detail::SeqMnd<detail::EnumKind>      { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqClsMnd        final : public detail::SeqMnd<detail::ClsKind>       { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsMnd     final : public detail::SeqMnd<detail::AbsClsKind>    { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdMnd      final : public detail::SeqMnd<detail::UntpdKind>     { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqPrimOpt       final : public detail::SeqOpt<detail::PrimKind>      { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumOpt       final : public detail::SeqOpt<detail::EnumKind>      { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqClsOpt        final : public detail::SeqOpt<detail::ClsKind>       { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsOpt     final : public detail::SeqOpt<detail::AbsClsKind>    { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdOpt      final : public detail::SeqOpt<detail::UntpdKind>     { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoAllPrimMnd       final : public detail::AllMnd<detail::PrimKind>      { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllEnumMnd       final : public detail::AllMnd<detail::EnumKind>      { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllClsMnd        final : public detail::AllMnd<detail::ClsKind>       { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsMnd     final : public detail::AllMnd<detail::AbsClsKind>    { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdMnd      final : public detail::AllMnd<detail::UntpdKind>     { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllPrimOpt       final : public detail::AllOpt<detail::PrimKind>      { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllEnumOpt       final : public detail::AllOpt<detail::EnumKind>      { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllClsOpt        final : public detail::AllOpt<detail::ClsKind>       { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsOpt     final : public detail::AllOpt<detail::AbsClsKind>    { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdOpt      final : public detail::AllOpt<detail::UntpdKind>     { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoChoicePrimOpt    final : public detail::ChoiceOpt<detail::PrimKind>   { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceEnumOpt    final : public detail::ChoiceOpt<detail::EnumKind>   { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceClsOpt     final : public detail::ChoiceOpt<detail::ClsKind>    { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceAbsClsOpt  final : public detail::ChoiceOpt<detail::AbsClsKind> { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdOpt   final : public detail::ChoiceOpt<detail::UntpdKind>  { using ChoiceOpt::ChoiceOpt; };
+
+class TOVIKXML_EXPORT CElementInfoSeqPrimCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
+class TOVIKXML_EXPORT CElementInfoSeqClsCol        final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsCol     final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public CElementInfoSeqCol                       { using CElementInfoSeqCol::CElementInfoSeqCol; };
+class TOVIKXML_EXPORT CElementInfoAllPrimCol       final : public CElementInfoAllCol                    { using CElementInfoAllCol::CElementInfoAllCol; };
+class TOVIKXML_EXPORT CElementInfoAllClsCol        final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsCol     final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdCol      final : public CElementInfoAllCol                       { using CElementInfoAllCol::CElementInfoAllCol; };
+class TOVIKXML_EXPORT CElementInfoChoicePrimCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceEnumCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceClsCol     final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceAbsClsCol  final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public CElementInfoChoiceCol                      { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
+// clang-format on
+
+/// A repeated enumeration in an all group has no body and cannot be made.
+class TOVIKXML_EXPORT CElementInfoAllEnumCol : public CElementInfo {
+ protected:
+  CElementInfoAllEnumCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
+};
+
+}  // namespace TovikXmlLib16Data
+
+#endif  // TOVIKXML_BINDING_ELEMENT_INFO_H_

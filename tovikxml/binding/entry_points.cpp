@@ -1,0 +1,219 @@
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/text.h"
+#include "tovikxml/binding/object_base.h"
+#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/binding/version_check.h"
+#include "tovikxml/document/binary_stream.h"
+#include "tovikxml/document/compression.h"
+#include "tovikxml/document/document.h"
+#include "tovikxml/document/file_text_stream.h"
+#include "tovikxml/document/text_stream.h"
+#include "tovikxml/document/text_writer.h"
+#include "tovikxml/platform/async_files.h"
+#include "tovikxml/values/binary_data.h"
+
+// The entry points of `CXmlObjectBase`: the only place that knows the concrete writers, streams and
+// readers. Each owns what lives for one call, on its stack.
+namespace TovikXmlLib16 {
+namespace {
+
+struct XmlLayout {
+  bool includeHeader;
+  bool formatted;
+  EOLType eol;
+};
+
+void OpenWriter(CXmlTextWriter& writer, const XmlLayout& layout,
+                const CSerializationContext& context) {
+  writer.Open();
+  writer.SetFormatted(layout.formatted);
+  writer.SetIndentChars(context.GetIndentChars());
+  writer.SetEOLType(layout.eol);
+  if (layout.includeHeader) writer.WriteXmlDeclaration();
+}
+
+// Zlib has no file format, so that it is refused before anything else is looked at.
+void RefuseZlibFile(CompressionType compression) {
+  if (compression == Compression_ZLib) {
+    throw CTovikException(u"ZLIB Compression only available for To Stream methods.");
+  }
+}
+
+// A compressed file holds nothing but the compressed bytes.
+void SaveToFile(const wchar* fileName, XmlEncoding encoding, CompressionType compression,
+                const CBinaryData& bytes) {
+  CFileBinaryStream(fileName, compression == Compression_None ? encoding : Encoding_None, bytes)
+      .SaveToFile();
+}
+
+// What `object` writes as the root, on a writer over `stream`.
+template <class Walk>
+void WriteXml(CTextStream& stream, const XmlLayout& layout, const CSerializationContext& context,
+              Walk walk) {
+  CXmlTextWriter writer(&stream);
+  OpenWriter(writer, layout, context);
+  walk(&writer);
+  writer.Close();
+}
+
+[[noreturn]] void ThrowUnsupported(const wchar* format) {
+  RequireGeneratorVersion();
+  throw CTovikException(WString(format) + u" is not supported by this version");
+}
+
+}  // namespace
+
+WString CXmlObjectBase::ToXml(bool includeHeader, bool formatted, EOLType eol,
+                              const CSerializationContext& context) const {
+  RequireGeneratorVersion();
+  CTextStream stream;
+  WriteXml(stream, {includeHeader, formatted, eol}, context, [&](CXmlWriter* writer) {
+    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
+  });
+  WString text;
+  stream.GetBuffer().AppendTo(text);
+  return text;
+}
+
+CBinaryData CXmlObjectBase::ToXmlStream(bool includeHeader, bool formatted, XmlEncoding encoding,
+                                        EOLType eol, const CSerializationContext& context,
+                                        CompressionType compression) const {
+  RequireGeneratorVersion();
+  CTextStream stream(encoding);
+  WriteXml(stream, {includeHeader, formatted, eol}, context, [&](CXmlWriter* writer) {
+    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
+  });
+  CBinaryData bytes = stream.GetCheckedBytes();
+  if (compression != Compression_None) CompressBinaryData(bytes, compression);
+  return bytes;
+}
+
+void CXmlObjectBase::ToXmlFile(const wchar* fileName, bool includeHeader, bool formatted,
+                               XmlEncoding encoding, EOLType eol,
+                               const CSerializationContext& context,
+                               CompressionType compression) const {
+  RefuseZlibFile(compression);
+  if (!IsAsyncToXmlFile() || compression != Compression_None) {
+    SaveToFile(fileName, encoding, compression,
+               ToXmlStream(includeHeader, formatted, encoding, eol, context, compression));
+    return;
+  }
+  RequireGeneratorVersion();
+  CFileTextStream stream(fileName, encoding);
+  WriteXml(stream, {includeHeader, formatted, eol}, context, [&](CXmlWriter* writer) {
+    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
+  });
+}
+
+void CXmlObjectBase::ToFastInfosetFile(const wchar* /*fileName*/, FInfoDecl /*declaration*/,
+                                       const CSerializationContext& /*context*/,
+                                       CompressionType /*compression*/) const {
+  ThrowUnsupported(u"Fast Infoset");
+}
+
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl /*declaration*/,
+                                                const CSerializationContext& /*context*/,
+                                                CompressionType /*compression*/) const {
+  ThrowUnsupported(u"Fast Infoset");
+}
+
+void CXmlObjectBase::ToJsonFile(const wchar* /*fileName*/, bool /*formatted*/,
+                                XmlEncoding /*encoding*/, EOLType /*eol*/,
+                                const CSerializationContext& /*context*/,
+                                CompressionType /*compression*/) const {
+  ThrowUnsupported(u"JSON");
+}
+
+WString CXmlObjectBase::ToJson(bool /*formatted*/, EOLType /*eol*/,
+                               const CSerializationContext& /*context*/) const {
+  ThrowUnsupported(u"JSON");
+}
+
+CBinaryData CXmlObjectBase::ToJsonStream(bool /*formatted*/, XmlEncoding /*encoding*/,
+                                         EOLType /*eol*/, const CSerializationContext& /*context*/,
+                                         CompressionType /*compression*/) const {
+  ThrowUnsupported(u"JSON");
+}
+
+namespace {
+
+// Loads a document, which lives for the call, and gives its root.
+template <class Load>
+CXmlElement& LoadRoot(CXmlDocument& document, Load load) {
+  RequireGeneratorVersion();
+  load(document);
+  CXmlElement* root = document.GetDocumentElement();
+  if (!root) throw CTovikException(u"Invalid or empty XML document");
+  return *root;
+}
+
+}  // namespace
+
+void CXmlObjectBase::FromXmlFile(const wchar* fileName, const CSerializationContext& context) {
+  CXmlDocument document(context);
+  CXmlElement& root = LoadRoot(document, [&](CXmlDocument& target) { target.Load(fileName); });
+  FromXml_Int(&root, root.GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXml(const wchar* text, const CSerializationContext& context) {
+  CXmlDocument document(context);
+  CXmlElement& root = LoadRoot(document, [&](CXmlDocument& target) { target.LoadXml(text); });
+  FromXml_Int(&root, root.GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXml(const char* text, const CSerializationContext& context) {
+  CXmlDocument document(context);
+  CXmlElement& root = LoadRoot(document, [&](CXmlDocument& target) { target.LoadXml(text); });
+  FromXml_Int(&root, root.GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& context) {
+  FromXmlStream(data.GetData(), data.GetLength(), context);
+}
+
+void CXmlObjectBase::FromXmlStream(unsigned char* data, unsigned long length,
+                                   const CSerializationContext& context) {
+  CXmlDocument document(context);
+  CXmlElement& root =
+      LoadRoot(document, [&](CXmlDocument& target) { target.LoadXmlStream(data, length); });
+  FromXml_Int(&root, root.GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromXmlElement(const CElement* /*element*/,
+                                    const CSerializationContext& /*context*/) {
+  ThrowUnsupported(u"Open content");
+}
+
+void CXmlObjectBase::FromXmlElement(const CXmlElement* element,
+                                    const CSerializationContext& context) {
+  RequireGeneratorVersion();
+  if (!element) throw CTovikInvalidParamException(u"The element to read from may not be NULL");
+  // The drivers hand elements on without a const, and change none.
+  auto* root = const_cast<CXmlElement*>(element);
+  FromXml_Int(root, root->GetFirstElement(), context, false);
+}
+
+void CXmlObjectBase::FromJsonFile(const wchar* /*fileName*/,
+                                  const CSerializationContext& /*context*/) {
+  ThrowUnsupported(u"JSON");
+}
+
+void CXmlObjectBase::FromJson(const wchar* /*text*/, const CSerializationContext& /*context*/) {
+  ThrowUnsupported(u"JSON");
+}
+
+void CXmlObjectBase::FromJson(const char* /*text*/, const CSerializationContext& /*context*/) {
+  ThrowUnsupported(u"JSON");
+}
+
+void CXmlObjectBase::FromJsonStream(const CBinaryData& /*data*/,
+                                    const CSerializationContext& /*context*/) {
+  ThrowUnsupported(u"JSON");
+}
+
+void CXmlObjectBase::FromJsonStream(unsigned char* /*data*/, unsigned long /*length*/,
+                                    const CSerializationContext& /*context*/) {
+  ThrowUnsupported(u"JSON");
+}
+
+}  // namespace TovikXmlLib16

@@ -1,0 +1,145 @@
+#ifndef TOVIKXML_BINDING_SERIALIZATION_CONTEXT_H_
+#define TOVIKXML_BINDING_SERIALIZATION_CONTEXT_H_
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "tovikxml/base/export.h"
+#include "tovikxml/base/smart_ptr.h"
+#include "tovikxml/base/wide_string.h"
+#include "tovikxml/document/namespace_alias_map.h"
+
+namespace TovikXmlLib16 {
+
+class CAttributeCol;
+class CJsonContext;
+
+/// Which namespace processing a document gets.
+enum SchemaType {
+  st_Namespaced = 0,
+  st_NamespacedAlternate = 1,  ///< As `st_Namespaced`.
+  /// XML text is parsed without namespaces, and only local names are compared.
+  st_NoNamespaces = 2
+};
+
+/// The settings of one serialisation: how strict reading is, what output carries beside the
+/// object, how it is laid out, and the limits on input.
+///
+///     CSerializationContext context;
+///     context.SetIgnoreUnknownElements(true);
+///     order->FromXml(text, context);
+///
+/// A context is a plain settings object; no call changes it, except that reading JSON changes the
+/// namespace flag for the length of the call. The members that are made when first asked for
+/// (`GetJsonContext`, `GetAdditionalRootAttributes`) must be made before a context is shared
+/// between threads.
+class TOVIKXML_EXPORT CSerializationContext {
+ public:
+  CSerializationContext();
+  /// Copies every setting. The JSON settings are copied too; the additional root attributes are
+  /// shared with the source.
+  CSerializationContext(const CSerializationContext& other);
+  CSerializationContext& operator=(const CSerializationContext& other);
+  virtual ~CSerializationContext();
+
+  /// The one process-wide context, used where no other is given. A change is seen by all users.
+  static CSerializationContext& GetDefaultContext();
+
+  /// Blanks and tabs written once per level in formatted text; one tab by default. Null counts as
+  /// empty. Any other character throws `CTovikInvalidParamException`.
+  void SetIndentChars(const wchar* chars);
+  WString GetIndentChars() const { return m_indentChars; }
+
+  /// The default namespace that the root element declares; none if empty.
+  void SetDefaultNamespaceURI(const wchar* uri);
+  WString GetDefaultNamespaceURI() const { return m_defaultNamespaceUri; }
+  /// The prefixes that the root element declares.
+  const CNamespaceAliasMap& GetNamespaceAliases() const { return m_namespaceAliases; }
+  CNamespaceAliasMap& GetNamespaceAliases() { return m_namespaceAliases; }
+  /// Complete texts, with "<?" and "?>", written verbatim in front of the root.
+  const std::vector<WString>& GetProcessingInstructions() const { return m_instructions; }
+  std::vector<WString>& GetProcessingInstructions() { return m_instructions; }
+  /// A text written verbatim inside the root's start tag.
+  void SetInLineSchema(const wchar* text);
+  WString GetInLineSchema() const { return m_inLineSchema; }
+  /// Attributes written on the root element; any namespace is allowed.
+  CSmartPtr<CAttributeCol> GetAdditionalRootAttributes() const;
+
+  /// Whether `xsi:type` is written for an object in an element of another name than its class's.
+  void SetWriteTypeAttribute(bool value) { m_writeTypeAttribute = value; }
+  bool GetWriteTypeAttribute() const { return m_writeTypeAttribute; }
+  /// Whether optional attributes with their default value are left out.
+  void SetNoOptionalAttributeDefaultOutput(bool value) { m_noOptionalAttributeDefaults = value; }
+  bool GetNoOptionalAttributeDefaultOutput() const { return m_noOptionalAttributeDefaults; }
+  /// Whether an element with its default value carries its text; otherwise it is written empty.
+  void SetWriteDefaultElementValues(bool value) { m_writeDefaultElementValues = value; }
+  bool GetWriteDefaultElementValues() const { return m_writeDefaultElementValues; }
+
+  // What is let through. Unknown elements and missing mandatory elements cannot be ignored both:
+  // the second setter to be given true throws `CTovikInvalidStateException`.
+  void SetIgnoreUnknownElements(bool value);
+  bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
+  void SetIgnoreMissingMandatoryElements(bool value);
+  bool GetIgnoreMissingMandatoryElements() const { return m_ignoreMissingMandatoryElements; }
+  void SetIgnoreUnknownAttributes(bool value) { m_ignoreUnknownAttributes = value; }
+  bool GetIgnoreUnknownAttributes() const { return m_ignoreUnknownAttributes; }
+  void SetIgnoreInvalidCollectionCounts(bool value) { m_ignoreInvalidCollectionCounts = value; }
+  bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
+  void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
+  bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+
+  /// Whether only local names are compared while reading.
+  void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
+  /// True as well if the schema type is `st_NoNamespaces`.
+  bool GetIgnoreNamespaces() const { return m_ignoreNamespaces || m_schemaType == st_NoNamespaces; }
+  void SetSchemaType(SchemaType type) { m_schemaType = type; }
+  SchemaType GetSchemaType() const { return m_schemaType; }
+  /// Whether the markers of CDATA sections are dropped while reading. With false they stay in the
+  /// text, and a text that begins with one is written back unescaped.
+  void SetStripCDATA(bool value) { m_stripCData = value; }
+  bool GetStripCDATA() const { return m_stripCData; }
+
+  /// The JSON settings, made with their defaults when first asked for; valid as long as the
+  /// context.
+  CJsonContext& GetJsonContext() const;
+
+  /// How deep objects may be nested in objects, in reading and in writing. Deeper input or deeper
+  /// (or cyclic) objects end in `CTovikException` "The objects are nested deeper than the limit of
+  /// %d levels". Every level takes stack, so raise it together with the stack of the thread.
+  static constexpr int kDefaultMaxNesting = 256;
+  void SetMaxNesting(int levels) { m_maxNesting = levels; }
+  int GetMaxNesting() const { return m_maxNesting; }
+
+  /// How many bytes compressed input may expand to; more ends in `CTovikException` "The
+  /// decompressed data exceeds the limit of %llu bytes".
+  static constexpr std::uint64_t kDefaultMaxDecompressedSize = std::uint64_t{1} << 30;
+  void SetMaxDecompressedSize(std::uint64_t bytes) { m_maxDecompressedSize = bytes; }
+  std::uint64_t GetMaxDecompressedSize() const { return m_maxDecompressedSize; }
+
+ private:
+  mutable std::unique_ptr<CJsonContext> m_jsonContext;
+  mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
+  WString m_defaultNamespaceUri;
+  CNamespaceAliasMap m_namespaceAliases;
+  std::vector<WString> m_instructions;
+  WString m_inLineSchema;
+  WString m_indentChars{u"\t"};
+  SchemaType m_schemaType = st_Namespaced;
+  int m_maxNesting = kDefaultMaxNesting;
+  std::uint64_t m_maxDecompressedSize = kDefaultMaxDecompressedSize;
+  bool m_writeTypeAttribute = true;
+  bool m_noOptionalAttributeDefaults = false;
+  bool m_writeDefaultElementValues = false;
+  bool m_ignoreUnknownElements = false;
+  bool m_ignoreMissingMandatoryElements = false;
+  bool m_ignoreUnknownAttributes = false;
+  bool m_ignoreInvalidCollectionCounts = false;
+  bool m_ignoreMissingChoice = false;
+  bool m_ignoreNamespaces = false;
+  bool m_stripCData = true;
+};
+
+}  // namespace TovikXmlLib16
+
+#endif  // TOVIKXML_BINDING_SERIALIZATION_CONTEXT_H_

@@ -1,0 +1,31 @@
+#ifndef TOVIKXML_TOVIKXML_H_
+#define TOVIKXML_TOVIKXML_H_
+
+/// The one header for applications and generated code.
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/base/item_type.h"
+#include "tovikxml/base/smart_ptr.h"
+#include "tovikxml/base/utf8.h"
+#include "tovikxml/base/version.h"
+#include "tovikxml/base/wide_string.h"
+#include "tovikxml/binding/attribute_info.h"
+#include "tovikxml/binding/class_factory.h"
+#include "tovikxml/binding/element_info.h"
+#include "tovikxml/binding/generated_class.h"
+#include "tovikxml/binding/object_base.h"
+#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/collections/attribute_col.h"
+#include "tovikxml/collections/collection.h"
+#include "tovikxml/document/document.h"
+#include "tovikxml/document/writer.h"
+#include "tovikxml/json/context.h"
+#include "tovikxml/platform/async_files.h"
+#include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/conversions.h"
+#include "tovikxml/values/restrictions.h"
+#include "tovikxml/values/variant.h"
+#include "tovikxml/values/whitespace.h"
+
+#endif  // TOVIKXML_TOVIKXML_H_
