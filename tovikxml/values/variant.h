@@ -53,6 +53,8 @@ struct TOVIKXML_EXPORT TovikVariant {
   void SetInvalid() { Clear(); }
   /// Drops the value and keeps the kind.
   void SetNil();
+  /// An explicit nil of the kind.
+  void SetNil(ItemType type);
 
   void SetI1(std::int8_t value) { SetPlain(it_i1, value); }
   void SetI2(std::int16_t value) { SetPlain(it_i2, value); }
@@ -169,7 +171,10 @@ inline void TovikVariant::Clear() {
 }
 
 inline void TovikVariant::SetNil() {
-  const ItemType type = m_type;
+  SetNil(m_type);
+}
+
+inline void TovikVariant::SetNil(ItemType type) {
   Clear();
   m_type = type;
   m_nil = true;
