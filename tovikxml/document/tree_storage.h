@@ -85,7 +85,7 @@ class CXmlNodePool {
   }
   void AddBlock() {
     const std::size_t size = BlockSize(m_blocks.size());
-    m_blocks.push_back(std::make_unique<std::byte[]>(size * sizeof(Node)));
+    m_blocks.push_back(std::make_unique_for_overwrite<std::byte[]>(size * sizeof(Node)));
     m_blockSize = size;
     m_used = 0;
   }

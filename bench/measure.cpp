@@ -1,0 +1,97 @@
+// Does one piece of work on one document a number of times, for a profiler or a counter around it.
+//
+//   measure WORK FILE COUNT
+//
+// WORK names a line of the table below. Everything but the work itself is done once, so that the
+// difference between two counts is the cost of the work alone.
+
+#include <cstdlib>
+#include <fstream>
+#include <functional>
+#include <iostream>
+#include <iterator>
+#include <map>
+#include <string>
+
+#include "examples/mime_database/generated/mime_info.h"
+#include "examples/orders/generated/order_list.h"
+#include "tovikxml/tovikxml.h"
+
+using namespace TovikXmlLib16;
+
+namespace {
+
+using Work = std::function<void()>;
+
+std::string ReadFile(const char* name) {
+  std::ifstream file(name, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+unsigned char* BytesOf(std::string& text) { return reinterpret_cast<unsigned char*>(text.data()); }
+
+template <class Root>
+Work ReadObjects(std::string& text) {
+  return [&text] {
+    const CSmartPtr<Root> root(new Root);
+    root->FromXmlStream(BytesOf(text), text.size(), CSerializationContext::GetDefaultContext());
+  };
+}
+
+template <class Root>
+Work WalkTree(std::string& text) {
+  auto document = std::make_shared<CXmlDocument>();
+  document->LoadXmlStream(BytesOf(text), text.size());
+  return [document] {
+    const CSmartPtr<Root> root(new Root);
+    root->FromXmlElement(document->GetDocumentElement(),
+                         CSerializationContext::GetDefaultContext());
+  };
+}
+
+template <class Root>
+Work WriteObjects(std::string& text, const wchar* namespaceUri) {
+  auto context = std::make_shared<CSerializationContext>();
+  context->SetDefaultNamespaceURI(namespaceUri);
+  const CSmartPtr<Root> root(new Root);
+  root->FromXmlStream(BytesOf(text), text.size(), *context);
+  return [root, context] {
+    root->ToXmlStream(true, true, Encoding_UTF8, EOL_LF, *context, Compression_None);
+  };
+}
+
+constexpr const wchar* kOrders = u"urn:example:bench:orders";
+constexpr const wchar* kMime = u"http://www.freedesktop.org/standards/shared-mime-info";
+
+Work MakeWork(const std::string& name, std::string& text) {
+  using Orders::COrderList;
+  using MimeDatabase::CMimeInfo;
+  const std::map<std::string, std::function<Work()>> works = {
+      {"tree",
+       [&] {
+         return [&text] {
+           CXmlDocument document;
+           document.LoadXmlStream(BytesOf(text), text.size());
+         };
+       }},
+      {"orders-read", [&] { return ReadObjects<COrderList>(text); }},
+      {"orders-bind", [&] { return WalkTree<COrderList>(text); }},
+      {"orders-write", [&] { return WriteObjects<COrderList>(text, kOrders); }},
+      {"mime-read", [&] { return ReadObjects<CMimeInfo>(text); }},
+      {"mime-bind", [&] { return WalkTree<CMimeInfo>(text); }},
+      {"mime-write", [&] { return WriteObjects<CMimeInfo>(text, kMime); }},
+  };
+  return works.at(name)();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 4) {
+    std::cerr << "usage: measure WORK FILE COUNT\n";
+    return 2;
+  }
+  std::string text = ReadFile(argv[2]);
+  const Work work = MakeWork(argv[1], text);
+  for (int i = std::atoi(argv[3]); i > 0; --i) work();
+}

@@ -1,0 +1,32 @@
+#ifndef EXAMPLES_MIME_DATABASE_GENERATED_MIME_TYPE_COL_H_
+#define EXAMPLES_MIME_DATABASE_GENERATED_MIME_TYPE_COL_H_
+
+#include "examples/mime_database/generated/mime_type.h"
+
+namespace MimeDatabase {
+
+class CMimeTypeCol : public TovikXmlLib16::CXmlCollection {
+ public:
+  CMimeTypeCol(const TovikXmlLib16::wchar* elementName, const TovikXmlLib16::wchar* namespaceUri,
+               int minOccurs, int maxOccurs);
+
+  TovikXmlLib16::CSmartPtr<CMimeType> Add();
+  void Add(CMimeType* item);
+  TovikXmlLib16::CSmartPtr<CMimeType> Item(int index) const;
+  TovikXmlLib16::CTovikIterator<CMimeType> begin() const;
+  TovikXmlLib16::CTovikIterator<CMimeType> end() const;
+
+ protected:
+  void ToXml_Int(TovikXmlLib16::CXmlWriter* writer, bool isRoot,
+                 const TovikXmlLib16::wchar* namespaceUri,
+                 const TovikXmlLib16::CSerializationContext& context,
+                 bool isOptionalChoice) const override;
+  TovikXmlLib16::CXmlElement* FromXml_Int(TovikXmlLib16::CXmlElement* parent,
+                                          TovikXmlLib16::CXmlElement* firstChild,
+                                          const TovikXmlLib16::CSerializationContext& context,
+                                          bool isOptionalChoice) override;
+};
+
+}  // namespace MimeDatabase
+
+#endif  // EXAMPLES_MIME_DATABASE_GENERATED_MIME_TYPE_COL_H_

@@ -1,0 +1,63 @@
+// Builds an order, writes it as XML, reads it back, and shows what a faulty document says.
+
+#include <iostream>
+
+#include "examples/orders/generated/customer.h"
+#include "examples/orders/generated/item_col.h"
+#include "examples/orders/generated/order_col.h"
+#include "examples/orders/generated/order_list.h"
+#include "tovikxml/tovikxml.h"
+
+using namespace TovikXmlLib16;
+
+namespace {
+
+CSmartPtr<Orders::COrderList> MakeOrders() {
+  CSmartPtr<Orders::COrderList> list(new Orders::COrderList);
+  const CSmartPtr<Orders::COrder> order = list->GetOrders()->Add();
+  order->SetId(100001);
+  order->SetDate(u"2024-02-29");
+  order->SetStatus(Orders::Status_confirmed);
+  order->GetCustomer()->SetName(u"Zo\u00eb M\u00fcller");
+  order->GetCustomer()->SetStreet(u"12 K\u00f6nigsallee");
+  order->GetCustomer()->SetCity(u"Z\u00fcrich");
+  order->GetCustomer()->SetPostalCode(u"08001");
+  order->GetCustomer()->SetCountry(u"CH");
+  const CSmartPtr<Orders::CItem> item = order->GetItems()->Add();
+  item->SetSku(u"042-AB7");
+  item->SetDescription(u"valve <DN 25>");
+  item->SetQuantity(4);
+  item->SetPrice(u"19.90");
+  item->SetWeight(0.125);
+  item->SetShipDate(u"2024-03-04");
+  item->SetInStock(true);
+  return list;
+}
+
+}  // namespace
+
+int main() {
+  const CSerializationContext context = [] {
+    CSerializationContext settings;
+    settings.SetDefaultNamespaceURI(u"urn:example:bench:orders");
+    settings.SetIndentChars(u"  ");
+    return settings;
+  }();
+
+  const WString xml = MakeOrders()->ToXml(true, true, EOL_LF, context);
+  std::cout << DisplayUtf8(xml) << '\n';
+
+  CSmartPtr<Orders::COrderList> copy(new Orders::COrderList);
+  copy->FromXml(xml.c_str(), context);
+  if (copy->ToXml(true, true, EOL_LF, context) != xml) return 1;
+
+  try {
+    WString faulty = xml;
+    faulty.replace(faulty.find(u">4<"), 3, u">four<");
+    copy->FromXml(faulty.c_str(), context);
+  } catch (const CTovikException& e) {
+    std::cout << "A faulty document is refused:\n" << e.what() << '\n';
+    return 0;
+  }
+  return 1;
+}
