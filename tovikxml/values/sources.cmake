@@ -1,9 +1,16 @@
 tovikxml_sources(values
   base64
+  big_integer
+  big_integer_digits
+  big_integer_division
+  big_integer_text
   binary_data
   conversions
+  decimal
+  decimal_text
   facets
   float_format
+  limb_array
   number_text
   restrictions
   variant
