@@ -50,6 +50,7 @@ def integer_rows():
     for limbs in (1, 2, 6, 7):  # borrows and carries through all limbs, also past the inline ones
         yield LIMB**limbs, 1
         yield LIMB**limbs - 1, LIMB**limbs
+        yield LIMB**limbs - 1, 1
     yield random_integer(400), random_integer(190)
 
 

@@ -9,7 +9,9 @@
 #include <string>
 
 #include "tests/support/text.h"
+#include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/decimal.h"
 
 using namespace TovikXmlLib16;
 using TovikXmlTest::MessageOf;
@@ -260,6 +262,31 @@ TEST(Conversions, BinaryValuesFollowTheirBuffer) {
   EXPECT_EQ(C::base64BinaryToString(man), u"TWFu");
   EXPECT_EQ(MessageOf<CTovikException>([] { C::hexBinaryFromString(u"0G", W::ws_none); }),
             u"Invalid char in hex string [G]");
+}
+
+TEST(Conversions, BigNumbersFollowTheirClasses) {
+  const CDecimal value = C::decimalFromString(u"\t1.005\n", W::ws_collapse);
+  EXPECT_EQ(C::decimalToString(value), u"1.005");
+  const struct {
+    const wchar* format;
+    WString text;
+  } rows[] = {{u"", u"1.005"},
+              {u"2", u"1.01"},
+              {u" \t+1digits", u"1.0"},
+              {u"x2", u"1."},
+              {u"-0", u"1."},
+              {u"2147483648", u"1.005"},
+              {u"12", u"1.005000000000"},
+              {u"99999999999999999999", u"1.005"}};
+  for (const auto& row : rows) EXPECT_EQ(C::decimalToString(value, row.format), row.text);
+  EXPECT_EQ(MessageOf<CTovikInvalidParamException>([&] { C::decimalToString(value, u"-2"); }),
+            u"The number of decimal places is out of range [-2]");
+  EXPECT_EQ(C::integerToString(C::integerFromString(u" -12\n", W::ws_collapse)), u"-12");
+  EXPECT_EQ(C::integerToString(C::integerFromString(u"12 34", W::ws_none)), u"34");
+  const WString end = u"The string representing a Decimal, contained an invalid char at position 1";
+  ExpectRefused(C::integerFromString, u" 1x ", end + u" [1x].", W::ws_collapse);
+  ExpectRefused(C::decimalFromString, u"\t1x", end + u" [1x].", W::ws_collapse);
+  ExpectRefused(C::decimalFromString, u"1\vx", end + u" [1\vx].");
 }
 
 TEST(Conversions, AnUnknownRulePassesThrough) {

@@ -13,7 +13,9 @@
 #include "tovikxml/base/version.h"
 #include "tovikxml/binding/object_base.h"
 #include "tovikxml/collections/collection_base.h"
+#include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/decimal.h"
 
 using namespace TovikXmlLib16;
 using TovikXmlTest::MessageOf;
@@ -66,6 +68,7 @@ CBinaryData Bytes() {
 
 // Long enough to be allocated, so that a sanitizer sees a text that is lost or freed twice.
 const WString kLong = u"a text that no small buffer holds";
+const WString kDigits(60, u'7');
 
 struct KindRow {
   ItemType kind;
@@ -100,6 +103,9 @@ const std::vector<KindRow>& Kinds() {
       Row(it_hexBinary, u"hexBinary", u"4D616E", &V::SetHexBinary, &V::GetHexBinary, Bytes()),
       Row(it_base64Binary, u"base64Binary", u"TWFu", &V::SetBase64Binary, &V::GetBase64Binary,
           Bytes()),
+      Row(it_decimal, u"decimal", u"-12.05", &V::SetDecimal, &V::GetDecimal, CDecimal(u"-12.05")),
+      Row(it_integer, u"integer", u"-" + kDigits, &V::SetInteger, &V::GetInteger,
+          CBigInteger(kDigits.c_str()).GetNegative()),
   };
   return kRows;
 }
@@ -192,7 +198,7 @@ TEST(Variant, OwnedKindsHaveNoValueWhenNilOrOfAnotherClass) {
   };
   TovikVariant value;
   WString scratch;
-  for (const ItemType kind : {it_string, it_hexBinary, it_base64Binary}) {
+  for (const ItemType kind : {it_string, it_hexBinary, it_base64Binary, it_decimal, it_integer}) {
     value.FromString(u"", kind, W::ws_none);
     value.SetNil();
     refuse(value.GetType(), [&] { value.ToString(nullptr); });
@@ -204,6 +210,8 @@ TEST(Variant, OwnedKindsHaveNoValueWhenNilOrOfAnotherClass) {
     refuse(u"string", [&] { value.TakeString(); });
     refuse(u"hexBinary", [&] { value.GetHexBinary(); });
     refuse(u"base64Binary", [&] { value.GetBase64Binary(); });
+    refuse(u"decimal", [&] { value.GetDecimal(); });
+    refuse(u"integer", [&] { value.GetInteger(); });
     EXPECT_EQ(value.GetXmlObject().Get(), nullptr);
     EXPECT_EQ(value.GetXmlCollection().Get(), nullptr);
   }
@@ -228,14 +236,17 @@ TEST(Variant, TextIsTakenOrSeenWithoutACopy) {
   EXPECT_EQ(scratch.data(), room);
 }
 
-TEST(Variant, OnlyRealsHeedTheFormat) {
+TEST(Variant, OnlyRealsAndDecimalsHeedTheFormat) {
   TovikVariant value;
   value.SetR8(2.5);
   EXPECT_EQ(value.ToString(u"%.2f"), u"2.50");
   value.SetR4(2.5f);
   EXPECT_EQ(value.ToString(u"%.2f"), u"2.50");
+  value.SetDecimal(CDecimal(u"2.555"));
+  EXPECT_EQ(value.ToString(u"2"), u"2.56");
+  EXPECT_EQ(value.ToString(u"%.2f"), u"3.");
   for (const KindRow& row : Kinds()) {
-    if (row.kind == it_r4 || row.kind == it_r8) continue;
+    if (row.kind == it_r4 || row.kind == it_r8 || row.kind == it_decimal) continue;
     row.set(value);
     EXPECT_EQ(value.ToString(u"%.2f"), row.text);
   }

@@ -1,11 +1,14 @@
 #include "tovikxml/values/conversions.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
+#include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/decimal.h"
 #include "tovikxml/values/number_text.h"
 
 namespace TovikXmlLib16 {
@@ -90,6 +93,15 @@ CBinaryData ReadBinary(const WString& given, WhitespaceRule rule,
   return data;
 }
 
+// The number at the start of a format, held to the limits of an int; 0 if there is none.
+int CountOf(const WString& format) {
+  constexpr std::uint64_t kMax = std::numeric_limits<int>::max();
+  const ScannedInteger scanned = ScanInteger(format);
+  const bool tooLarge = scanned.status == NumberStatus::kTooLarge;
+  const auto count = static_cast<int>(tooLarge ? kMax : std::min(scanned.magnitude, kMax));
+  return scanned.negative ? -count : count;
+}
+
 }  // namespace
 
 WString CConversions::i1ToString(std::int8_t value) {
@@ -158,6 +170,18 @@ WString CConversions::hexBinaryToString(const CBinaryData& value) {
 
 WString CConversions::base64BinaryToString(const CBinaryData& value) {
   return value.GetAsBase64();
+}
+
+WString CConversions::integerToString(const CBigInteger& value) {
+  return value.ToString();
+}
+
+WString CConversions::decimalToString(const CDecimal& value) {
+  return value.ToString();
+}
+
+WString CConversions::decimalToString(const CDecimal& value, const WString& format) {
+  return format.empty() ? value.ToString() : value.ToString(CountOf(format));
 }
 
 std::int8_t CConversions::i1FromString(const WString& text, WhitespaceRule rule) {
@@ -229,6 +253,14 @@ CBinaryData CConversions::hexBinaryFromString(const WString& text, WhitespaceRul
 
 CBinaryData CConversions::base64BinaryFromString(const WString& text, WhitespaceRule rule) {
   return ReadBinary(text, rule, &CBinaryData::SetAsBase64);
+}
+
+CBigInteger CConversions::integerFromString(const WString& text, WhitespaceRule rule) {
+  return CBigInteger(RuledText(text, rule).Get().c_str());
+}
+
+CDecimal CConversions::decimalFromString(const WString& text, WhitespaceRule rule) {
+  return CDecimal(RuledText(text, rule).Get().c_str());
 }
 
 }  // namespace TovikXmlLib16

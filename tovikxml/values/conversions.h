@@ -9,7 +9,9 @@
 
 namespace TovikXmlLib16 {
 
+class CBigInteger;
 class CBinaryData;
+class CDecimal;
 
 /// The lexical forms of all kinds of primitive values, one function to write and one to read each
 /// kind:
@@ -56,6 +58,12 @@ class TOVIKXML_EXPORT CConversions {
   static WString hexBinaryToString(const CBinaryData& value);
   static WString base64BinaryToString(const CBinaryData& value);
 
+  static WString integerToString(const CBigInteger& value);
+  /// As `CDecimal::ToString` does. A format that is not empty is the number of fraction digits,
+  /// such as "2", read up to its first unit that is no digit; none is 0.
+  static WString decimalToString(const CDecimal& value);
+  static WString decimalToString(const CDecimal& value, const WString& format);
+
   /// Whole numbers: decimal digits with an optional sign; white space before them is skipped, and a
   /// zero unit ends the text. "-1" read as an unsigned number of 32 or 64 bits wraps to the largest
   /// one. Throws "The value [%s] can not be converted to a %s" with the text after the rule and the
@@ -88,6 +96,11 @@ class TOVIKXML_EXPORT CConversions {
   /// Read as `CBinaryData::SetAsHexString` and `SetAsBase64` do, whose exceptions pass through.
   static CBinaryData hexBinaryFromString(const WString& text, WhitespaceRule rule);
   static CBinaryData base64BinaryFromString(const WString& text, WhitespaceRule rule);
+
+  /// Read as by the constructors of the classes, whose exceptions pass through with the text after
+  /// the rule.
+  static CBigInteger integerFromString(const WString& text, WhitespaceRule rule);
+  static CDecimal decimalFromString(const WString& text, WhitespaceRule rule);
 };
 
 }  // namespace TovikXmlLib16

@@ -10,8 +10,10 @@
 #include "tovikxml/base/item_type.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/base/wide_string.h"
+#include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
 #include "tovikxml/values/conversions.h"
+#include "tovikxml/values/decimal.h"
 #include "tovikxml/values/number_text.h"
 
 /// The table of the kinds of primitive values: one row for each kind between `it_invalid` and
@@ -70,6 +72,15 @@ template <KindName name, auto read, auto write>
 struct PlainKind : AnyKind<name, read> {
   static void ToText(const typename AnyKind<name, read>::Type& value, const wchar*, WString& out) {
     out = write(value);
+  }
+};
+
+/// A kind whose format is the number of fraction digits.
+template <KindName name, auto read>
+struct DecimalKind : AnyKind<name, read> {
+  static void ToText(const typename AnyKind<name, read>::Type& value, const wchar* format,
+                     WString& out) {
+    out = CConversions::decimalToString(value, TextOf(format));
   }
 };
 
@@ -144,9 +155,10 @@ template <>
 struct ValueKind<it_boolean> : detail::PlainKind<u"boolean", &CConversions::booleanFromString,
                                                  &CConversions::booleanToString> {};
 template <>
-struct ValueKind<it_decimal> : detail::NoValueKind {};
+struct ValueKind<it_decimal> : detail::DecimalKind<u"decimal", &CConversions::decimalFromString> {};
 template <>
-struct ValueKind<it_integer> : detail::NoValueKind {};
+struct ValueKind<it_integer> : detail::PlainKind<u"integer", &CConversions::integerFromString,
+                                                 &CConversions::integerToString> {};
 
 namespace detail {
 

@@ -174,6 +174,14 @@ void TovikVariant::SetBase64Binary(const CBinaryData& value) {
   SetOwned(it_base64Binary, value);
 }
 
+void TovikVariant::SetDecimal(const CDecimal& value) {
+  SetOwned(it_decimal, value);
+}
+
+void TovikVariant::SetInteger(const CBigInteger& value) {
+  SetOwned(it_integer, value);
+}
+
 WString TovikVariant::GetString() const {
   return Owned<WString>(it_string);
 }
@@ -189,6 +197,14 @@ CBinaryData TovikVariant::GetHexBinary() const {
 
 CBinaryData TovikVariant::GetBase64Binary() const {
   return Owned<CBinaryData>(it_base64Binary);
+}
+
+CDecimal TovikVariant::GetDecimal() const {
+  return Owned<CDecimal>(it_decimal);
+}
+
+CBigInteger TovikVariant::GetInteger() const {
+  return Owned<CBigInteger>(it_integer);
 }
 
 void TovikVariant::SetReference(ItemType type, CXmlObjectBase* object) {

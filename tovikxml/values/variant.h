@@ -16,7 +16,9 @@
 
 namespace TovikXmlLib16 {
 
+class CBigInteger;
 class CBinaryData;
+class CDecimal;
 class CXmlCollectionBase;
 class CXmlObjectBase;
 
@@ -71,6 +73,8 @@ struct TOVIKXML_EXPORT TovikVariant {
   void SetString(WString value);
   void SetHexBinary(const CBinaryData& value);
   void SetBase64Binary(const CBinaryData& value);
+  void SetDecimal(const CDecimal& value);
+  void SetInteger(const CBigInteger& value);
   /// Takes a reference unless the pointer is null.
   void SetXmlObject(CXmlObjectBase* object);
   void SetXmlCollection(CXmlCollectionBase* collection);
@@ -90,6 +94,8 @@ struct TOVIKXML_EXPORT TovikVariant {
   WString GetString() const;
   CBinaryData GetHexBinary() const;
   CBinaryData GetBase64Binary() const;
+  CDecimal GetDecimal() const;
+  CBigInteger GetInteger() const;
   CSmartPtr<CXmlObjectBase> GetXmlObject() const;
   CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
