@@ -5,7 +5,7 @@ namespace TovikXmlLib16 {
 
 /// The kinds of values that a property, an element or an attribute can have. The integer values
 /// are part of the exported interface.
-enum ItemType {
+enum ItemType : int {
   it_invalid = 0,
   it_hexBinary = 1,
   it_base64Binary = 2,

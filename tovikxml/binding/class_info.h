@@ -31,7 +31,7 @@ namespace TovikXmlLib16Data {
 using namespace TovikXmlLib16;  // NOLINT: the two namespaces are one interface
 
 /// Whether an object has an XML element of its own.
-enum XmlElementType {
+enum XmlElementType : int {
   xet_Element = 0,
   /// No tags: its children and attributes stand in the enclosing element.
   xet_PseudoElement = 1,
@@ -40,7 +40,7 @@ enum XmlElementType {
 };
 
 /// The content model of a class.
-enum XmlElementGroupType {
+enum XmlElementGroupType : int {
   xgt_Sequence = 0,  ///< elements in the table's order
   xgt_Choice = 1,    ///< one element of the table
   xgt_All = 2        ///< elements in any order

@@ -27,7 +27,7 @@ class CXmlWriter;
 /// Hears of changes in the collections that it was added to as a listener.
 class TOVIKXML_EXPORT IEventSink {
  public:
-  enum MsgType {
+  enum MsgType : int {
     CollectionChange = 0,         ///< data is null
     CollectionAdd = 1,            ///< data is the item; fired before it is stored
     CollectionAddComplete = 2,    ///< data is the item

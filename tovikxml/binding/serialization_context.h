@@ -16,7 +16,7 @@ class CAttributeCol;
 class CJsonContext;
 
 /// Which namespace processing a document gets.
-enum SchemaType {
+enum SchemaType : int {
   st_Namespaced = 0,
   st_NamespacedAlternate = 1,  ///< As `st_Namespaced`.
   /// XML text is parsed without namespaces, and only local names are compared.

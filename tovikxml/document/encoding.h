@@ -6,10 +6,10 @@
 namespace TovikXmlLib16 {
 
 /// The line end that text output uses.
-enum EOLType { EOL_CRLF = 0, EOL_LF = 1 };
+enum EOLType : int { EOL_CRLF = 0, EOL_LF = 1 };
 
 /// How 16-bit text becomes bytes, and what an XML declaration says of it.
-enum XmlEncoding {
+enum XmlEncoding : int {
   /// No bytes: the text stays 16-bit text. Asking for bytes fails.
   Encoding_None = 0,
   /// UTF-8, declared as such, no byte order mark.
@@ -21,7 +21,7 @@ enum XmlEncoding {
 };
 
 /// The wrapper of compressed output.
-enum CompressionType {
+enum CompressionType : int {
   Compression_None = 0,
   /// RFC 1952.
   Compression_GZip = 1,

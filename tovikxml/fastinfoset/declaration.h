@@ -5,7 +5,7 @@ namespace TovikXmlLib16 {
 
 /// The optional XML declaration in front of a Fast Infoset document (ITU-T X.891, 12.3). The
 /// integer values are part of the exported interface.
-enum FInfoDecl {
+enum FInfoDecl : int {
   fid_None = 0,
   fid_Encoding = 1,               ///< <?xml encoding='finf'?>
   fid_EncodingStandaloneYes = 2,  ///< <?xml encoding='finf' standalone='yes'?>

@@ -7,7 +7,7 @@
 namespace TovikXmlLib16 {
 
 /// How much of the XML infoset JSON output keeps.
-enum JsonRoundTrip {
+enum JsonRoundTrip : int {
   /// Attributes and text become members with bare names. No namespaces.
   jrt_Bare = 0,
   /// Attributes are marked with "@", text is "#text". No namespaces.
