@@ -5,7 +5,12 @@ tovikxml_sources(values
   big_integer_division
   big_integer_text
   binary_data
+  calendar
   conversions
+  date_time
+  date_time_arithmetic
+  date_time_span
+  date_time_text
   decimal
   decimal_text
   facets
@@ -13,6 +18,8 @@ tovikxml_sources(values
   limb_array
   number_text
   restrictions
+  second_fraction
   variant
   whitespace)
-tovikxml_internal_headers(values base64 float_format number_text value_kinds facets)
+tovikxml_internal_headers(values base64 float_format number_text value_kinds facets
+  calendar date_time_fields second_fraction)
