@@ -168,6 +168,8 @@ TEST(Decimal, ArithmeticKeepsThePlacesThatAreSet) {
     EXPECT_EQ(Text(CDecimal(1) / CDecimal(80000)), "0");        // 0.0000125, by two guard digits 12
     EXPECT_EQ(Text(CDecimal(1001) / CDecimal(20000000)), "0");  // 0.00005005, cut to 50
     EXPECT_EQ(Text(CDecimal(51) / CDecimal(1000000)), "0.0001");
+    EXPECT_EQ(Text(CDecimal(u"5.01e-5")), "0");  // 0.0000501, cut to 50
+    EXPECT_EQ(Text(CDecimal(u"5.1e-5")), "0.0001");
     EXPECT_EQ(Text(longer), "1.123456789");
     EXPECT_EQ(Text(longer + CDecimal(1)), "2.123456789");
     EXPECT_EQ(Text(longer * CDecimal(1)), "1.1235");
@@ -247,6 +249,18 @@ TEST(Decimal, ToStringRoundsHalvesAwayFromZeroAndCuts) {
   }
   EXPECT_EQ(MessageOf<CTovikInvalidParamException>([] { (void)CDecimal(1).ToString(-1); }),
             u"The number of decimal places is out of range [-1]");
+}
+
+TEST(Decimal, ZeroKeepsASignThatNoProductOrQuotientTookAway) {
+  const CDecimal negative(u"-0"), tiny(u"-1e-20");
+  for (const CDecimal& value : {negative, negative + negative, tiny * tiny.GetNegative()}) {
+    EXPECT_EQ(value.ToString(), u"0");
+    EXPECT_EQ(value.ToString(2), u"-0.00");
+  }
+  for (const CDecimal& value : {negative - negative, negative * CDecimal(5), CDecimal(u"-0e5"),
+                                CDecimal(u"-1e-40"), CDecimal(-1) / CDecimal(u"1e40")}) {
+    EXPECT_EQ(value.ToString(2), u"0.00");
+  }
 }
 
 TEST(Decimal, ConvertsToWholeNumbers) {

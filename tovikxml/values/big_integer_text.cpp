@@ -35,7 +35,6 @@ void CBigInteger::Parse(const wchar* text) {
   }
   digits = TrimBlanks(digits);
   const bool negative = !digits.empty() && digits.front() == u'-';
-  if (negative) digits.remove_prefix(1);
   BuildTail(digits, m_digits);
   m_sign = negative ? -1 : 1;
 }
