@@ -184,6 +184,8 @@ class TOVIKXML_EXPORT CElementInfo {
 
   /// For wildcard records, which alone look at the default namespace given to `ElementFromXml`.
   void UseDefaultNamespace() { m_usesDefaultNamespace = true; }
+  /// For the records that throw where their element is missing.
+  void MarkMandatory() { m_isMandatory = true; }
   /// For the optional records of a choice, one of which makes an empty choice legal.
   void MarkOptionalInChoice() { m_isOptionalInChoice = true; }
 
@@ -206,6 +208,7 @@ class TOVIKXML_EXPORT CElementInfo {
   bool m_nillable = false;
   bool m_isPrimitive = false;
   bool m_usesDefaultNamespace = false;
+  bool m_isMandatory = false;
   bool m_isOptionalInChoice = false;
   WString m_formatOverride;
   WString m_defaultValue;

@@ -177,7 +177,10 @@ class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
 template <class Kind>
 class MndRecord : public Kind {
  public:
-  using Kind::Kind;
+  template <class... Arguments>
+  explicit MndRecord(Arguments... arguments) : Kind(arguments...) {
+    this->MarkMandatory();
+  }
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
                     CXmlWriter* writer) const override {
     this->RequirePresent(Kind::Write(context, owner, writer, false));

@@ -166,10 +166,14 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
   CXmlElement* const start = child;
   std::size_t index = 0;
   std::size_t last = 0;
+  bool isTrailing = false;
   for (;;) {
     for (; records[index]; ++index) {
       last = index;
-      while (!ReadRecord(records[index], context, parent, &child, elementType)) {
+      // A mandatory record that has found its element must not miss it in what trails.
+      const XmlElementType type =
+          isTrailing && records[index]->m_isMandatory ? xet_PseudoElement : elementType;
+      while (!ReadRecord(records[index], context, parent, &child, type)) {
         if (!context.GetIgnoreUnknownElements() || !child) return start;
         child = child->GetNextSiblingElement();
       }
@@ -180,6 +184,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
     if (!child) return nullptr;
     // An unknown element among the items of a final collection does not end that collection.
     index = last;
+    isTrailing = true;
   }
 }
 

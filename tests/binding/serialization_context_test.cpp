@@ -1,0 +1,84 @@
+#include "tovikxml/binding/serialization_context.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/text.h"
+#include "tovikxml/collections/attribute_col.h"
+#include "tovikxml/json/context.h"
+
+using namespace TovikXmlLib16;
+using TovikXmlTest::MessageOf;
+
+TEST(SerializationContext, RefusesToIgnoreBothUnknownAndMissingElements) {
+  const WString both =
+      u"The parser can only ignore additional elements, or ignore the fact that some required ones "
+      u"are missing, you can not ignore both\n";
+  CSerializationContext context;
+  context.SetIgnoreMissingMandatoryElements(true);
+  EXPECT_EQ(
+      MessageOf<CTovikInvalidStateException>([&] { context.SetIgnoreUnknownElements(true); }),
+      both +
+          u"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to "
+          u"true");
+  EXPECT_FALSE(context.GetIgnoreUnknownElements());
+  context.SetIgnoreMissingMandatoryElements(false);
+  context.SetIgnoreUnknownElements(true);
+  EXPECT_EQ(
+      MessageOf<CTovikInvalidStateException>(
+          [&] { context.SetIgnoreMissingMandatoryElements(true); }),
+      both +
+          u"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to "
+          u"true");
+  EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
+}
+
+TEST(SerializationContext, TakesBlanksAndTabsAsIndent) {
+  CSerializationContext context;
+  EXPECT_EQ(context.GetIndentChars(), u"\t");
+  context.SetIndentChars(u"  \t");
+  EXPECT_EQ(MessageOf<CTovikInvalidParamException>([&] { context.SetIndentChars(u" x"); }),
+            u"IndentChars can only contain Whitespace characters, i.e. \t or spaces");
+  EXPECT_EQ(context.GetIndentChars(), u"  \t");
+  context.SetIndentChars(nullptr);
+  EXPECT_EQ(context.GetIndentChars(), u"");
+}
+
+TEST(SerializationContext, IgnoresNamespacesWhereASchemaHasNone) {
+  CSerializationContext context;
+  context.SetSchemaType(st_NamespacedAlternate);
+  EXPECT_FALSE(context.GetIgnoreNamespaces());
+  context.SetSchemaType(st_NoNamespaces);
+  EXPECT_TRUE(context.GetIgnoreNamespaces());
+}
+
+TEST(SerializationContext, CopiesItsSettingsAndSharesItsRootAttributes) {
+  CSerializationContext source;
+  source.SetWriteTypeAttribute(false);
+  source.SetStripCDATA(false);
+  source.SetIgnoreMissingChoice(true);
+  source.SetMaxNesting(7);
+  source.SetInLineSchema(u"<s/>");
+  source.GetNamespaceAliases().Add(u"p", u"urn:p");
+  source.GetProcessingInstructions().push_back(u"<?pi?>");
+  source.GetJsonContext().SetSupportRoundtrip(jrt_Bare);
+  source.GetAdditionalRootAttributes()->Add(u"a");
+
+  CSerializationContext copy(source);
+  EXPECT_FALSE(copy.GetWriteTypeAttribute());
+  EXPECT_FALSE(copy.GetStripCDATA());
+  EXPECT_TRUE(copy.GetIgnoreMissingChoice());
+  EXPECT_EQ(copy.GetMaxNesting(), 7);
+  EXPECT_EQ(copy.GetInLineSchema(), u"<s/>");
+  EXPECT_TRUE(copy.GetNamespaceAliases().DoesAliasExist(u"p"));
+  EXPECT_EQ(copy.GetProcessingInstructions().at(0), u"<?pi?>");
+  EXPECT_EQ(copy.GetJsonContext().GetSupportRoundtrip(), jrt_Bare);
+  EXPECT_NE(&copy.GetJsonContext(), &source.GetJsonContext());
+  source.GetAdditionalRootAttributes()->Add(u"b");
+  EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 2);
+
+  copy = CSerializationContext();
+  EXPECT_EQ(copy.GetNamespaceAliases().GetNamespaceCount(), 0);
+  EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 0);
+  EXPECT_EQ(copy.GetJsonContext().GetSupportRoundtrip(), jrt_Full);
+  EXPECT_TRUE(copy.GetJsonContext().GetAllowComments());
+}
