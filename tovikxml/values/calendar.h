@@ -15,7 +15,8 @@ constexpr std::int64_t FloorDiv(std::int64_t value, std::int64_t divisor) {
 
 /// The remainder that belongs to `FloorDiv`, from 0 to the divisor less 1.
 constexpr std::int64_t FloorMod(std::int64_t value, std::int64_t divisor) {
-  return value - FloorDiv(value, divisor) * divisor;
+  const std::int64_t rest = value % divisor;
+  return rest < 0 ? rest + divisor : rest;
 }
 
 constexpr bool IsLeapYear(std::int64_t year) {
