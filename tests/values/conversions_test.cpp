@@ -11,6 +11,8 @@
 #include "tests/support/text.h"
 #include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/date_time.h"
+#include "tovikxml/values/date_time_span.h"
 #include "tovikxml/values/decimal.h"
 
 using namespace TovikXmlLib16;
@@ -287,6 +289,54 @@ TEST(Conversions, BigNumbersFollowTheirClasses) {
   ExpectRefused(C::integerFromString, u" 1x ", end + u" [1x].", W::ws_collapse);
   ExpectRefused(C::decimalFromString, u"\t1x", end + u" [1x].", W::ws_collapse);
   ExpectRefused(C::decimalFromString, u"1\vx", end + u" [1\vx].");
+}
+
+TEST(Conversions, DatesFollowTheirClasses) {
+  const struct {
+    Reader<CDateTime> read;
+    WString (*write)(const CDateTime&);
+    WString text, type;
+  } rows[] = {{C::dateFromString, C::dateToString, u"2000-01-01Z", u"date"},
+              {C::dateFromString, C::dateToString, u"2000", u"gYear"},
+              {C::datetimeFromString, C::datetimeToString, u"2000-01-01T12:00:00.25", u"dateTime"},
+              {C::timeFromString, C::timeToString, u"12:00:00+05:30", u"time"},
+              {C::yearMonthFromString, C::yearMonthToString, u"2000-05", u"gYearMonth"},
+              {C::monthDayFromString, C::monthDayToString, u"--02-29", u"gMonthDay"},
+              {C::monthDayFromString, C::monthDayToString, u"2000-01-01", u"date"}};
+  for (const auto& row : rows) {
+    const CDateTime value = row.read(u" " + row.text + u"\n", W::ws_collapse);
+    EXPECT_EQ(row.write(value), row.text);
+    EXPECT_EQ(value.GetTypeAsString(), row.type);
+  }
+  EXPECT_EQ(C::durationToString(C::durationFromString(u" PT60S ", W::ws_collapse)), u"PT60S");
+  // The messages hold the text after the rule.
+  ExpectRefused(C::dateFromString, u" 2000-1 ",
+                u"Invalid XSD Date [2000-1] expected CCYY-MM-DD[Z|[+|-]hh:mm]", W::ws_collapse);
+  ExpectRefused(C::timeFromString, u"\t1", u"Invalid XSD Time [1] expected hh:mm:ss[.ff]",
+                W::ws_collapse);
+  ExpectRefused(C::datetimeFromString, u" 2000 ",
+                u"Invalid XSD DateTime [2000] expected CCYY-MM-DDThh:mm:ss[.ff]", W::ws_collapse);
+  ExpectRefused(C::durationFromString, u"\t1",
+                u"Invalid XSD Duration [\t1] expected [-]P[nY][nM][nD][T[nH][nM][nS.ff]]");
+}
+
+TEST(Conversions, YearsMonthsAndDaysAreTheFieldsOfADate) {
+  EXPECT_EQ(C::yearToString(5), u"5");
+  EXPECT_EQ(C::yearToString(2000), u"2000");
+  EXPECT_EQ(C::monthToString(3), u"--03");
+  EXPECT_EQ(C::dayToString(9), u"---09");
+  EXPECT_EQ(C::monthToString(255), u"--255");
+  EXPECT_EQ(C::yearFromString(u" 2001-05 ", W::ws_collapse), 2001);
+  EXPECT_EQ(C::yearFromString(u"0005Z", W::ws_none), 5);
+  EXPECT_EQ(C::monthFromString(u"--12--", W::ws_none), 12);
+  EXPECT_EQ(C::dayFromString(u"2000-01-31", W::ws_none), 31);
+  EXPECT_EQ(MessageOf<CTovikInvalidStateException>([] { C::yearFromString(u"--05", W::ws_none); }),
+            u"Failed to GetYear. Invalid Date Type: gMonth.");
+  EXPECT_EQ(MessageOf<CTovikInvalidStateException>([] { C::monthFromString(u"2000", W::ws_none); }),
+            u"Failed to GetMonth. Invalid Date Type: gYear.");
+  EXPECT_EQ(MessageOf<CTovikInvalidStateException>([] { C::dayFromString(u"2000", W::ws_none); }),
+            u"Failed to GetDay. Invalid Date Type: gYear.");
+  ExpectRefused(C::yearFromString, u"-0044", u"Invalid Year [-44] (1 <= year <= 9999)");
 }
 
 TEST(Conversions, AnUnknownRulePassesThrough) {

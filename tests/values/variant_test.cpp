@@ -15,6 +15,8 @@
 #include "tovikxml/collections/collection_base.h"
 #include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/date_time.h"
+#include "tovikxml/values/date_time_span.h"
 #include "tovikxml/values/decimal.h"
 
 using namespace TovikXmlLib16;
@@ -66,6 +68,18 @@ CBinaryData Bytes() {
   return data;
 }
 
+CDateTime Date(const wchar* text) {
+  CDateTime value;
+  value.ParseXSDDate(text);
+  return value;
+}
+
+CDateTime Time(const wchar* text) {
+  CDateTime value;
+  value.ParseXSDTime(text);
+  return value;
+}
+
 // Long enough to be allocated, so that a sanitizer sees a text that is lost or freed twice.
 const WString kLong = u"a text that no small buffer holds";
 const WString kDigits(60, u'7');
@@ -106,6 +120,18 @@ const std::vector<KindRow>& Kinds() {
       Row(it_decimal, u"decimal", u"-12.05", &V::SetDecimal, &V::GetDecimal, CDecimal(u"-12.05")),
       Row(it_integer, u"integer", u"-" + kDigits, &V::SetInteger, &V::GetInteger,
           CBigInteger(kDigits.c_str()).GetNegative()),
+      Row(it_duration, u"duration", u"P1YT2M", &V::SetDuration, &V::GetDuration,
+          CDateTimeSpan(1, 0, 0, 0, 2, 0)),
+      Row(it_yearMonth, u"yearMonth", u"2000-05", &V::SetYearMonth, &V::GetYearMonth,
+          Date(u"2000-05")),
+      Row(it_monthDay, u"monthDay", u"--02-29", &V::SetMonthDay, &V::GetMonthDay, Date(u"--02-29")),
+      Row(it_year, u"year", u"2000", &V::SetYear, &V::GetYear, std::uint16_t{2000}),
+      Row(it_month, u"month", u"--03", &V::SetMonth, &V::GetMonth, std::uint8_t{3}),
+      Row(it_day, u"day", u"---09", &V::SetDay, &V::GetDay, std::uint8_t{9}),
+      Row(it_date, u"date", u"2000-05-06Z", &V::SetDate, &V::GetDate, Date(u"2000-05-06Z")),
+      Row(it_datetime, u"datetime", u"2000-05-06T07:08:09.5", &V::SetDateTime, &V::GetDateTime,
+          CDateTime(2000, 5, 6, 7, 8, 9, 500, 0, 0)),
+      Row(it_time, u"time", u"07:08:09-05:00", &V::SetTime, &V::GetTime, Time(u"07:08:09-05:00")),
   };
   return kRows;
 }
@@ -198,9 +224,10 @@ TEST(Variant, OwnedKindsHaveNoValueWhenNilOrOfAnotherClass) {
   };
   TovikVariant value;
   WString scratch;
-  for (const ItemType kind : {it_string, it_hexBinary, it_base64Binary, it_decimal, it_integer}) {
-    value.FromString(u"", kind, W::ws_none);
-    value.SetNil();
+  for (const ItemType kind :
+       {it_string, it_hexBinary, it_base64Binary, it_decimal, it_integer, it_duration, it_date,
+        it_datetime, it_time, it_yearMonth, it_monthDay}) {
+    value.SetNil(kind);
     refuse(value.GetType(), [&] { value.ToString(nullptr); });
     refuse(value.GetType(), [&] { value.GetText(nullptr, scratch); });
   }
@@ -212,11 +239,20 @@ TEST(Variant, OwnedKindsHaveNoValueWhenNilOrOfAnotherClass) {
     refuse(u"base64Binary", [&] { value.GetBase64Binary(); });
     refuse(u"decimal", [&] { value.GetDecimal(); });
     refuse(u"integer", [&] { value.GetInteger(); });
+    refuse(u"duration", [&] { value.GetDuration(); });
+    refuse(u"date", [&] { value.GetDate(); });
+    refuse(u"datetime", [&] { value.GetDateTime(); });
+    refuse(u"time", [&] { value.GetTime(); });
+    refuse(u"yearMonth", [&] { value.GetYearMonth(); });
+    refuse(u"monthDay", [&] { value.GetMonthDay(); });
     EXPECT_EQ(value.GetXmlObject().Get(), nullptr);
     EXPECT_EQ(value.GetXmlCollection().Get(), nullptr);
   }
   value.SetHexBinary(Bytes());
   EXPECT_EQ(value.GetBase64Binary(), Bytes());
+  value.SetDate(Time(u"07:08:09"));
+  EXPECT_EQ(value.GetType(), u"date");
+  EXPECT_EQ(value.GetTime().ToString(), u"07:08:09");
 }
 
 TEST(Variant, TextIsTakenOrSeenWithoutACopy) {

@@ -8,6 +8,8 @@
 #include "tovikxml/base/text.h"
 #include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
+#include "tovikxml/values/date_time.h"
+#include "tovikxml/values/date_time_span.h"
 #include "tovikxml/values/decimal.h"
 #include "tovikxml/values/number_text.h"
 
@@ -91,6 +93,14 @@ CBinaryData ReadBinary(const WString& given, WhitespaceRule rule,
   CBinaryData data;
   (data.*set)(text.Get().c_str());
   return data;
+}
+
+CDateTime ReadDate(const WString& given, WhitespaceRule rule,
+                   void (CDateTime::*parse)(const wchar*) = &CDateTime::ParseXSDDate) {
+  const RuledText text(given, rule);
+  CDateTime value;
+  (value.*parse)(text.Get().c_str());
+  return value;
 }
 
 // The number at the start of a format, held to the limits of an int; 0 if there is none.
@@ -184,6 +194,42 @@ WString CConversions::decimalToString(const CDecimal& value, const WString& form
   return format.empty() ? value.ToString() : value.ToString(CountOf(format));
 }
 
+WString CConversions::durationToString(const CDateTimeSpan& value) {
+  return value.ToString();
+}
+
+WString CConversions::dateToString(const CDateTime& value) {
+  return value.ToString();
+}
+
+WString CConversions::datetimeToString(const CDateTime& value) {
+  return value.ToString();
+}
+
+WString CConversions::timeToString(const CDateTime& value) {
+  return value.ToString();
+}
+
+WString CConversions::yearMonthToString(const CDateTime& value) {
+  return value.ToString();
+}
+
+WString CConversions::monthDayToString(const CDateTime& value) {
+  return value.ToString();
+}
+
+WString CConversions::yearToString(std::uint16_t value) {
+  return IntegerText(value);
+}
+
+WString CConversions::monthToString(std::uint8_t value) {
+  return FormatString(u"--%02u", unsigned{value});
+}
+
+WString CConversions::dayToString(std::uint8_t value) {
+  return FormatString(u"---%02u", unsigned{value});
+}
+
 std::int8_t CConversions::i1FromString(const WString& text, WhitespaceRule rule) {
   return Fit<std::int8_t>(i4FromString(text, rule), text, u"i1");
 }
@@ -261,6 +307,49 @@ CBigInteger CConversions::integerFromString(const WString& text, WhitespaceRule 
 
 CDecimal CConversions::decimalFromString(const WString& text, WhitespaceRule rule) {
   return CDecimal(RuledText(text, rule).Get().c_str());
+}
+
+CDateTimeSpan CConversions::durationFromString(const WString& given, WhitespaceRule rule) {
+  const RuledText text(given, rule);
+  CDateTimeSpan value;
+  value.ParseXSDDuration(text.Get().c_str());
+  return value;
+}
+
+CDateTime CConversions::dateFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule);
+}
+
+CDateTime CConversions::datetimeFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule, &CDateTime::ParseXSDDateTime);
+}
+
+CDateTime CConversions::timeFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule, &CDateTime::ParseXSDTime);
+}
+
+CDateTime CConversions::yearMonthFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule);
+}
+
+CDateTime CConversions::monthDayFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule);
+}
+
+std::uint16_t CConversions::yearFromString(const WString& text, WhitespaceRule rule) {
+  const int year = ReadDate(text, rule).GetYear();
+  // The kind has no sign, and its bits would be those of another year.
+  if (year > 0) return static_cast<std::uint16_t>(year);
+  throw CTovikInvalidValueException(
+      FormatString(u"Invalid Year [%d] (1 <= year <= %d)", year, int{CDateTime::kMaxYear}));
+}
+
+std::uint8_t CConversions::monthFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule).GetMonth();
+}
+
+std::uint8_t CConversions::dayFromString(const WString& text, WhitespaceRule rule) {
+  return ReadDate(text, rule).GetDay();
 }
 
 }  // namespace TovikXmlLib16

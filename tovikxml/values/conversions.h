@@ -11,6 +11,8 @@ namespace TovikXmlLib16 {
 
 class CBigInteger;
 class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
 class CDecimal;
 
 /// The lexical forms of all kinds of primitive values, one function to write and one to read each
@@ -64,6 +66,18 @@ class TOVIKXML_EXPORT CConversions {
   static WString decimalToString(const CDecimal& value);
   static WString decimalToString(const CDecimal& value, const WString& format);
 
+  static WString durationToString(const CDateTimeSpan& value);
+  /// As `CDateTime::ToString` does, by the type of the value and not by the function.
+  static WString dateToString(const CDateTime& value);
+  static WString datetimeToString(const CDateTime& value);
+  static WString timeToString(const CDateTime& value);
+  static WString yearMonthToString(const CDateTime& value);
+  static WString monthDayToString(const CDateTime& value);
+  /// "2000" without padding, "--05" and "---09".
+  static WString yearToString(std::uint16_t value);
+  static WString monthToString(std::uint8_t value);
+  static WString dayToString(std::uint8_t value);
+
   /// Whole numbers: decimal digits with an optional sign; white space before them is skipped, and a
   /// zero unit ends the text. "-1" read as an unsigned number of 32 or 64 bits wraps to the largest
   /// one. Throws "The value [%s] can not be converted to a %s" with the text after the rule and the
@@ -101,6 +115,21 @@ class TOVIKXML_EXPORT CConversions {
   /// the rule.
   static CBigInteger integerFromString(const WString& text, WhitespaceRule rule);
   static CDecimal decimalFromString(const WString& text, WhitespaceRule rule);
+
+  /// Read as the parse functions of `CDateTimeSpan` and `CDateTime` do, whose exceptions pass
+  /// through with the text after the rule. The shape of the text alone decides the type of the
+  /// value: `dateFromString` of "2000" gives a gYear.
+  static CDateTimeSpan durationFromString(const WString& text, WhitespaceRule rule);
+  static CDateTime dateFromString(const WString& text, WhitespaceRule rule);
+  static CDateTime datetimeFromString(const WString& text, WhitespaceRule rule);
+  static CDateTime timeFromString(const WString& text, WhitespaceRule rule);
+  static CDateTime yearMonthFromString(const WString& text, WhitespaceRule rule);
+  static CDateTime monthDayFromString(const WString& text, WhitespaceRule rule);
+  /// One field of a date in any shape that has it, without its zone. A shape without it throws
+  /// `CTovikInvalidStateException`, and a year before 1 "Invalid Year [%d] (1 <= year <= 9999)".
+  static std::uint16_t yearFromString(const WString& text, WhitespaceRule rule);
+  static std::uint8_t monthFromString(const WString& text, WhitespaceRule rule);
+  static std::uint8_t dayFromString(const WString& text, WhitespaceRule rule);
 };
 
 }  // namespace TovikXmlLib16

@@ -13,6 +13,8 @@
 #include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/binary_data.h"
 #include "tovikxml/values/conversions.h"
+#include "tovikxml/values/date_time.h"
+#include "tovikxml/values/date_time_span.h"
 #include "tovikxml/values/decimal.h"
 #include "tovikxml/values/number_text.h"
 
@@ -43,7 +45,6 @@ struct KindName {
 /// What all rows have; `Read` is a function of `CConversions`.
 template <KindName name, auto read>
 struct AnyKind {
-  static constexpr bool kHasValue = true;
   static constexpr const wchar* kName = name.text;
   using Type = std::invoke_result_t<decltype(read), const WString&, CConversions::WhitespaceRule>;
   static constexpr bool kOwned = !std::is_arithmetic_v<Type>;
@@ -84,9 +85,12 @@ struct DecimalKind : AnyKind<name, read> {
   }
 };
 
-/// A kind that has a number but no value class in the library.
-struct NoValueKind {
-  static constexpr bool kHasValue = false;
+/// A date, time or duration.
+template <KindName name, auto read>
+struct DateKind : AnyKind<name, read> {
+  static void ToText(const typename AnyKind<name, read>::Type& value, const wchar*, WString& out) {
+    value.AssignString(out);
+  }
 };
 
 template <ItemType>
@@ -127,23 +131,26 @@ struct ValueKind<it_r4> : detail::RealKind<u"r4", &CConversions::r4FromString> {
 template <>
 struct ValueKind<it_r8> : detail::RealKind<u"r8", &CConversions::r8FromString> {};
 template <>
-struct ValueKind<it_duration> : detail::NoValueKind {};
+struct ValueKind<it_duration> : detail::DateKind<u"duration", &CConversions::durationFromString> {};
 template <>
-struct ValueKind<it_yearMonth> : detail::NoValueKind {};
+struct ValueKind<it_yearMonth>
+    : detail::DateKind<u"yearMonth", &CConversions::yearMonthFromString> {};
 template <>
-struct ValueKind<it_monthDay> : detail::NoValueKind {};
+struct ValueKind<it_monthDay> : detail::DateKind<u"monthDay", &CConversions::monthDayFromString> {};
 template <>
-struct ValueKind<it_year> : detail::NoValueKind {};
+struct ValueKind<it_year> : detail::IntegerKind<u"year", &CConversions::yearFromString> {};
 template <>
-struct ValueKind<it_month> : detail::NoValueKind {};
+struct ValueKind<it_month>
+    : detail::PlainKind<u"month", &CConversions::monthFromString, &CConversions::monthToString> {};
 template <>
-struct ValueKind<it_day> : detail::NoValueKind {};
+struct ValueKind<it_day>
+    : detail::PlainKind<u"day", &CConversions::dayFromString, &CConversions::dayToString> {};
 template <>
-struct ValueKind<it_date> : detail::NoValueKind {};
+struct ValueKind<it_date> : detail::DateKind<u"date", &CConversions::dateFromString> {};
 template <>
-struct ValueKind<it_datetime> : detail::NoValueKind {};
+struct ValueKind<it_datetime> : detail::DateKind<u"datetime", &CConversions::datetimeFromString> {};
 template <>
-struct ValueKind<it_time> : detail::NoValueKind {};
+struct ValueKind<it_time> : detail::DateKind<u"time", &CConversions::timeFromString> {};
 template <>
 struct ValueKind<it_char>
     : detail::PlainKind<u"char", &CConversions::charFromString, &CConversions::charToString> {};
@@ -162,34 +169,29 @@ struct ValueKind<it_integer> : detail::PlainKind<u"integer", &CConversions::inte
 
 namespace detail {
 
-template <class Result, class Visit, class Otherwise, ItemType kind>
-Result VisitRow(Visit& visit, Otherwise& otherwise) {
-  using Row = ValueKind<kind>;
-  if constexpr (Row::kHasValue) {
-    return visit(Row());
-  } else {
-    return otherwise();
-  }
+template <class Result, class Visit, ItemType kind>
+Result VisitRow(Visit& visit) {
+  return visit(ValueKind<kind>());
 }
 
-template <class Result, class Visit, class Otherwise>
-using RowFunction = Result (*)(Visit&, Otherwise&);
+template <class Result, class Visit>
+using RowFunction = Result (*)(Visit&);
 
-template <class Result, class Visit, class Otherwise, std::size_t... offsets>
+template <class Result, class Visit, std::size_t... offsets>
 constexpr auto MakeRowFunctions(std::index_sequence<offsets...>) {
-  return std::array<RowFunction<Result, Visit, Otherwise>, sizeof...(offsets)>{
-      &VisitRow<Result, Visit, Otherwise, static_cast<ItemType>(it_invalid + 1 + offsets)>...};
+  return std::array<RowFunction<Result, Visit>, sizeof...(offsets)>{
+      &VisitRow<Result, Visit, static_cast<ItemType>(it_invalid + 1 + offsets)>...};
 }
 
 }  // namespace detail
 
-/// Returns `visit(row)` with the `ValueKind` of a kind that has a value, else `otherwise()`.
+/// Returns `visit(row)` with the `ValueKind` of a kind in the table, else `otherwise()`.
 template <class Result, class Visit, class Otherwise>
 Result VisitValueKind(ItemType kind, Visit&& visit, Otherwise&& otherwise) {
-  static constexpr auto kRows = detail::MakeRowFunctions<Result, Visit, Otherwise>(
+  static constexpr auto kRows = detail::MakeRowFunctions<Result, Visit>(
       std::make_index_sequence<it_xmlObject - it_invalid - 1>());
   const auto index = static_cast<std::size_t>(kind) - 1;
-  return index < kRows.size() ? kRows[index](visit, otherwise) : otherwise();
+  return index < kRows.size() ? kRows[index](visit) : otherwise();
 }
 
 }  // namespace TovikXmlLib16

@@ -182,6 +182,30 @@ void TovikVariant::SetInteger(const CBigInteger& value) {
   SetOwned(it_integer, value);
 }
 
+void TovikVariant::SetDuration(const CDateTimeSpan& value) {
+  SetOwned(it_duration, value);
+}
+
+void TovikVariant::SetDate(const CDateTime& value) {
+  SetOwned(it_date, value);
+}
+
+void TovikVariant::SetDateTime(const CDateTime& value) {
+  SetOwned(it_datetime, value);
+}
+
+void TovikVariant::SetTime(const CDateTime& value) {
+  SetOwned(it_time, value);
+}
+
+void TovikVariant::SetYearMonth(const CDateTime& value) {
+  SetOwned(it_yearMonth, value);
+}
+
+void TovikVariant::SetMonthDay(const CDateTime& value) {
+  SetOwned(it_monthDay, value);
+}
+
 WString TovikVariant::GetString() const {
   return Owned<WString>(it_string);
 }
@@ -205,6 +229,30 @@ CDecimal TovikVariant::GetDecimal() const {
 
 CBigInteger TovikVariant::GetInteger() const {
   return Owned<CBigInteger>(it_integer);
+}
+
+CDateTimeSpan TovikVariant::GetDuration() const {
+  return Owned<CDateTimeSpan>(it_duration);
+}
+
+CDateTime TovikVariant::GetDate() const {
+  return Owned<CDateTime>(it_date);
+}
+
+CDateTime TovikVariant::GetDateTime() const {
+  return Owned<CDateTime>(it_datetime);
+}
+
+CDateTime TovikVariant::GetTime() const {
+  return Owned<CDateTime>(it_time);
+}
+
+CDateTime TovikVariant::GetYearMonth() const {
+  return Owned<CDateTime>(it_yearMonth);
+}
+
+CDateTime TovikVariant::GetMonthDay() const {
+  return Owned<CDateTime>(it_monthDay);
 }
 
 void TovikVariant::SetReference(ItemType type, CXmlObjectBase* object) {

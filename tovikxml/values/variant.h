@@ -18,6 +18,8 @@ namespace TovikXmlLib16 {
 
 class CBigInteger;
 class CBinaryData;
+class CDateTime;
+class CDateTimeSpan;
 class CDecimal;
 class CXmlCollectionBase;
 class CXmlObjectBase;
@@ -34,11 +36,11 @@ class CXmlObjectBase;
 /// classes and texts belong to the variant alone; objects and collections are shared, by one
 /// reference for each variant. A variant belongs to one thread at a time.
 ///
-/// A getter of a plain value (`GetI1` to `GetR8`, `GetChar`, `GetBoolean`) does not look at the
-/// kind and reads the bytes that are stored, zero if there are none. A getter of a text or of a
-/// value class throws `CTovikInvalidStateException` "The variant holds no value of the type %s"
-/// unless the variant holds one of that class, of whichever kind. A getter of a reference gives
-/// null where there is none of its class.
+/// A getter of a plain value (`GetI1` to `GetR8`, `GetChar`, `GetBoolean`, `GetYear`, `GetMonth`,
+/// `GetDay`) does not look at the kind and reads the bytes that are stored, zero if there are none.
+/// A getter of a text or of a value class throws `CTovikInvalidStateException` "The variant holds
+/// no value of the type %s" unless the variant holds one of that class, of whichever kind. A getter
+/// of a reference gives null where there is none of its class.
 struct TOVIKXML_EXPORT TovikVariant {
  public:
   /// Kind `it_invalid`, not nil.
@@ -75,6 +77,16 @@ struct TOVIKXML_EXPORT TovikVariant {
   void SetBase64Binary(const CBinaryData& value);
   void SetDecimal(const CDecimal& value);
   void SetInteger(const CBigInteger& value);
+  void SetDuration(const CDateTimeSpan& value);
+  /// The kind is that of the setter, whatever the type of the value.
+  void SetDate(const CDateTime& value);
+  void SetDateTime(const CDateTime& value);
+  void SetTime(const CDateTime& value);
+  void SetYearMonth(const CDateTime& value);
+  void SetMonthDay(const CDateTime& value);
+  void SetYear(std::uint16_t value) { SetPlain(it_year, value); }
+  void SetMonth(std::uint8_t value) { SetPlain(it_month, value); }
+  void SetDay(std::uint8_t value) { SetPlain(it_day, value); }
   /// Takes a reference unless the pointer is null.
   void SetXmlObject(CXmlObjectBase* object);
   void SetXmlCollection(CXmlCollectionBase* collection);
@@ -96,6 +108,15 @@ struct TOVIKXML_EXPORT TovikVariant {
   CBinaryData GetBase64Binary() const;
   CDecimal GetDecimal() const;
   CBigInteger GetInteger() const;
+  CDateTimeSpan GetDuration() const;
+  CDateTime GetDate() const;
+  CDateTime GetDateTime() const;
+  CDateTime GetTime() const;
+  CDateTime GetYearMonth() const;
+  CDateTime GetMonthDay() const;
+  std::uint16_t GetYear() const { return Plain<std::uint16_t>(); }
+  std::uint8_t GetMonth() const { return Plain<std::uint8_t>(); }
+  std::uint8_t GetDay() const { return Plain<std::uint8_t>(); }
   CSmartPtr<CXmlObjectBase> GetXmlObject() const;
   CSmartPtr<CXmlCollectionBase> GetXmlCollection() const;
 
