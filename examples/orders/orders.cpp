@@ -16,7 +16,7 @@ CSmartPtr<Orders::COrderList> MakeOrders() {
   CSmartPtr<Orders::COrderList> list(new Orders::COrderList);
   const CSmartPtr<Orders::COrder> order = list->GetOrders()->Add();
   order->SetId(100001);
-  order->SetDate(u"2024-02-29");
+  order->SetDate(CDateTime(2024, 2, 29));
   order->SetStatus(Orders::Status_confirmed);
   order->GetCustomer()->SetName(u"Zo\u00eb M\u00fcller");
   order->GetCustomer()->SetStreet(u"12 K\u00f6nigsallee");
@@ -27,9 +27,9 @@ CSmartPtr<Orders::COrderList> MakeOrders() {
   item->SetSku(u"042-AB7");
   item->SetDescription(u"valve <DN 25>");
   item->SetQuantity(4);
-  item->SetPrice(u"19.90");
+  item->SetPrice(CDecimal(u"19.95"));
   item->SetWeight(0.125);
-  item->SetShipDate(u"2024-03-04");
+  item->SetShipDate(CDateTime(2024, 3, 4));
   item->SetInStock(true);
   return list;
 }

@@ -37,14 +37,13 @@ struct CItem::MetaData {
         u"quantity", kNamespace, prop_Quantity, false, it_i4, u"", CWhitespaceUtils::ws_collapse,
         CPrimitiveRestrictions(u"", -1, -1, u"", u"", u"", u"", -1, -1, -1), u"");
     elements[2] = new CElementInfoSeqPrimMnd(
-        u"price", kNamespace, prop_Price, false, it_string, u"", CWhitespaceUtils::ws_preserve,
+        u"price", kNamespace, prop_Price, false, it_decimal, u"", CWhitespaceUtils::ws_collapse,
         CPrimitiveRestrictions(u"", -1, -1, u"", u"", u"", u"", -1, -1, -1), u"");
     elements[3] = new CElementInfoSeqPrimMnd(
         u"weight", kNamespace, prop_Weight, false, it_r8, u"", CWhitespaceUtils::ws_collapse,
         CPrimitiveRestrictions(u"", -1, -1, u"", u"", u"", u"", -1, -1, -1), u"");
     elements[4] = new CElementInfoSeqPrimMnd(
-        u"shipDate", kNamespace, prop_ShipDate, false, it_string, u"",
-        CWhitespaceUtils::ws_preserve,
+        u"shipDate", kNamespace, prop_ShipDate, false, it_date, u"", CWhitespaceUtils::ws_collapse,
         CPrimitiveRestrictions(u"", -1, -1, u"", u"", u"", u"", -1, -1, -1), u"");
     elements[5] = new CElementInfoSeqPrimMnd(
         u"inStock", kNamespace, prop_InStock, false, it_boolean, u"", CWhitespaceUtils::ws_collapse,
@@ -83,7 +82,7 @@ void CItem::SetQuantity(std::int32_t value) {
   m_quantity = value;
 }
 
-void CItem::SetPrice(const WString& value) {
+void CItem::SetPrice(const CDecimal& value) {
   m_price = value;
 }
 
@@ -91,7 +90,7 @@ void CItem::SetWeight(double value) {
   m_weight = value;
 }
 
-void CItem::SetShipDate(const WString& value) {
+void CItem::SetShipDate(const CDateTime& value) {
   m_shipDate = value;
 }
 
@@ -132,9 +131,9 @@ void CItem::AccessProperty(int propertyIndex, bool read, TovikVariant& value) {
       break;
     case prop_Price:
       if (read) {
-        value.SetString(m_price);
+        value.SetDecimal(m_price);
       } else {
-        m_price = value.TakeString();
+        SetPrice(value.GetDecimal());
       }
       break;
     case prop_Weight:
@@ -146,9 +145,9 @@ void CItem::AccessProperty(int propertyIndex, bool read, TovikVariant& value) {
       break;
     case prop_ShipDate:
       if (read) {
-        value.SetString(m_shipDate);
+        value.SetDate(m_shipDate);
       } else {
-        m_shipDate = value.TakeString();
+        SetShipDate(value.GetDate());
       }
       break;
     case prop_InStock:
@@ -179,9 +178,9 @@ void CItem::Init() {
   m_sku = WString();
   m_description = WString();
   m_quantity = 0;
-  m_price = WString();
+  m_price = CDecimal();
   m_weight = 0;
-  m_shipDate = WString();
+  m_shipDate = CDateTime(CDateTime::dt_date);
   m_inStock = false;
 }
 

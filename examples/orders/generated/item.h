@@ -22,12 +22,12 @@ class CItem : public TovikXmlLib16::CXmlGeneratedClass {
   void SetDescription(const TovikXmlLib16::WString& value);
   std::int32_t GetQuantity() const { return m_quantity; }
   void SetQuantity(std::int32_t value);
-  const TovikXmlLib16::WString& GetPrice() const { return m_price; }
-  void SetPrice(const TovikXmlLib16::WString& value);
+  TovikXmlLib16::CDecimal GetPrice() const { return m_price; }
+  void SetPrice(const TovikXmlLib16::CDecimal& value);
   double GetWeight() const { return m_weight; }
   void SetWeight(double value);
-  const TovikXmlLib16::WString& GetShipDate() const { return m_shipDate; }
-  void SetShipDate(const TovikXmlLib16::WString& value);
+  TovikXmlLib16::CDateTime GetShipDate() const { return m_shipDate; }
+  void SetShipDate(const TovikXmlLib16::CDateTime& value);
   bool GetInStock() const { return m_inStock; }
   void SetInStock(bool value);
 
@@ -46,9 +46,9 @@ class CItem : public TovikXmlLib16::CXmlGeneratedClass {
   TovikXmlLib16::WString m_sku;
   TovikXmlLib16::WString m_description;
   std::int32_t m_quantity{};
-  TovikXmlLib16::WString m_price;
+  TovikXmlLib16::CDecimal m_price;
   double m_weight{};
-  TovikXmlLib16::WString m_shipDate;
+  TovikXmlLib16::CDateTime m_shipDate;
   bool m_inStock{};
 };
 

@@ -37,7 +37,7 @@ struct COrder::MetaData {
         u"id", u"", prop_Id, false, it_i4, u"", CWhitespaceUtils::ws_collapse,
         CPrimitiveRestrictions(u"", -1, -1, u"", u"", u"", u"", -1, -1, -1), u"");
     attributes[1] = new CAttributeInfoPrimitive(
-        u"date", u"", prop_Date, false, it_string, u"", CWhitespaceUtils::ws_preserve,
+        u"date", u"", prop_Date, false, it_date, u"", CWhitespaceUtils::ws_collapse,
         CPrimitiveRestrictions(u"", -1, -1, u"", u"", u"", u"", -1, -1, -1), u"");
     attributes[2] = new CAttributeInfoEnum(u"status", u"", prop_Status, false, StatusToText,
                                            StatusFromText, u"");
@@ -63,7 +63,7 @@ void COrder::SetId(std::int32_t value) {
   m_id = value;
 }
 
-void COrder::SetDate(const WString& value) {
+void COrder::SetDate(const CDateTime& value) {
   m_date = value;
 }
 
@@ -109,9 +109,9 @@ void COrder::AccessProperty(int propertyIndex, bool read, TovikVariant& value) {
       break;
     case prop_Date:
       if (read) {
-        value.SetString(m_date);
+        value.SetDate(m_date);
       } else {
-        m_date = value.TakeString();
+        SetDate(value.GetDate());
       }
       break;
     case prop_Status:
@@ -158,7 +158,7 @@ CAttributeInfo** COrder::GetClassAttributeInfo() const {
 
 void COrder::Init() {
   m_id = 0;
-  m_date = WString();
+  m_date = CDateTime(CDateTime::dt_date);
   m_status = Status();
   m_customer = new CCustomer(u"customer");
   m_notes = WString();

@@ -23,8 +23,8 @@ class COrder : public TovikXmlLib16::CXmlGeneratedClass {
 
   std::int32_t GetId() const { return m_id; }
   void SetId(std::int32_t value);
-  const TovikXmlLib16::WString& GetDate() const { return m_date; }
-  void SetDate(const TovikXmlLib16::WString& value);
+  TovikXmlLib16::CDateTime GetDate() const { return m_date; }
+  void SetDate(const TovikXmlLib16::CDateTime& value);
   Status GetStatus() const { return m_status; }
   void SetStatus(Status value);
   TovikXmlLib16::CSmartPtr<CCustomer> GetCustomer() const;
@@ -48,7 +48,7 @@ class COrder : public TovikXmlLib16::CXmlGeneratedClass {
   struct MetaData;
 
   std::int32_t m_id{};
-  TovikXmlLib16::WString m_date;
+  TovikXmlLib16::CDateTime m_date;
   Status m_status{};
   TovikXmlLib16::CSmartPtr<CCustomer> m_customer;
   TovikXmlLib16::WString m_notes;
