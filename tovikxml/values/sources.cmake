@@ -17,9 +17,10 @@ tovikxml_sources(values
   float_format
   limb_array
   number_text
+  pattern
   restrictions
   second_fraction
   variant
   whitespace)
 tovikxml_internal_headers(values base64 float_format number_text value_kinds facets
-  calendar date_time_fields second_fraction)
+  calendar date_time_fields pattern second_fraction)
