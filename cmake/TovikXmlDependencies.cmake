@@ -10,18 +10,10 @@ else()
   set(TOVIKXML_EXPAT_LIBRARY ${EXPAT_LIBRARY})
   set(TOVIKXML_EXPAT_DEFINITIONS)
 endif()
-add_library(tovikxml_expat INTERFACE)
-target_include_directories(tovikxml_expat SYSTEM INTERFACE ${EXPAT_INCLUDE_DIR})
-target_link_libraries(tovikxml_expat INTERFACE ${TOVIKXML_EXPAT_LIBRARY})
-target_compile_definitions(tovikxml_expat INTERFACE ${TOVIKXML_EXPAT_DEFINITIONS})
 
 find_package(ZLIB REQUIRED)
 
 find_path(PCRE2_INCLUDE_DIR pcre2.h REQUIRED)
 find_library(PCRE2_LIBRARY pcre2-8 REQUIRED)
-add_library(tovikxml_pcre2 INTERFACE)
-target_include_directories(tovikxml_pcre2 SYSTEM INTERFACE ${PCRE2_INCLUDE_DIR})
-target_link_libraries(tovikxml_pcre2 INTERFACE ${PCRE2_LIBRARY})
-target_compile_definitions(tovikxml_pcre2 INTERFACE PCRE2_CODE_UNIT_WIDTH=8)
 
 mark_as_advanced(EXPAT_INCLUDE_DIR EXPATW_LIBRARY EXPAT_LIBRARY PCRE2_INCLUDE_DIR PCRE2_LIBRARY)

@@ -1,0 +1,31 @@
+# The installed package: library, public headers, CMake package and pkg-config file.
+include(CMakePackageConfigHelpers)
+
+get_property(internal_headers GLOBAL PROPERTY TOVIKXML_INTERNAL_HEADERS)
+file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tovikxml/*.h)
+list(REMOVE_ITEM headers ${internal_headers})
+foreach(header IN LISTS headers)
+  get_filename_component(folder ${header} DIRECTORY)
+  install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+endforeach()
+install(FILES ${PROJECT_BINARY_DIR}/generated/tovikxml/base/export.h
+        DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tovikxml/base)
+
+install(TARGETS tovikxml EXPORT TovikXmlTargets)
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/TovikXml)
+install(EXPORT TovikXmlTargets NAMESPACE TovikXml:: DESTINATION ${package_dir})
+configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/TovikXmlConfig.cmake.in
+  ${PROJECT_BINARY_DIR}/TovikXmlConfig.cmake INSTALL_DESTINATION ${package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/TovikXmlConfigVersion.cmake
+  COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/TovikXmlConfig.cmake
+              ${PROJECT_BINARY_DIR}/TovikXmlConfigVersion.cmake DESTINATION ${package_dir})
+
+get_filename_component(TOVIKXML_EXPAT_NAME ${TOVIKXML_EXPAT_LIBRARY} NAME_WE)
+string(REGEX REPLACE "^lib" "" TOVIKXML_EXPAT_NAME ${TOVIKXML_EXPAT_NAME})
+if(NOT BUILD_SHARED_LIBS)
+  set(TOVIKXML_PC_CFLAGS "-DTOVIKXML_STATIC_DEFINE")
+  set(TOVIKXML_PC_LIBS "-l${TOVIKXML_EXPAT_NAME} -lpcre2-8 -lz")
+endif()
+configure_file(${PROJECT_SOURCE_DIR}/cmake/tovikxml.pc.in ${PROJECT_BINARY_DIR}/tovikxml.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/tovikxml.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

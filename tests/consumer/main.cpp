@@ -1,0 +1,67 @@
+// Uses the installed package from C++17: a class of its own, the records, the values.
+
+#include <iostream>
+
+#include "tovikxml/tovikxml.h"
+
+using namespace TovikXmlLib16;
+using namespace TovikXmlLib16Data;
+
+namespace {
+
+class CGreeting : public CXmlGeneratedClass {
+ public:
+  CGreeting() { SetElementName(u"greeting"); }
+  CXmlObjectBase* GetBase() override { return this; }
+  WString text;
+
+ protected:
+  WString GetTargetNamespace() const override { return u""; }
+  WString GetNamespace() const override { return u""; }
+  void AccessProperty(int, bool read, TovikVariant& value) override {
+    if (read) {
+      value.SetString(text);
+    } else {
+      text = value.GetString();
+    }
+  }
+  CParentElementInfo* GetClassInfo() const override { return &Info(); }
+  CElementInfo** GetClassElementInfo() const override {
+    static CElementInfoSeqPrimMnd record(
+        u"text", u"", 0, false, it_string, nullptr, CWhitespaceUtils::ws_preserve,
+        CPrimitiveRestrictions(u"", -1, 40, u"", u"", u"", u"", -1, -1, -1), nullptr);
+    static CElementInfo* records[] = {&record, nullptr};
+    return records;
+  }
+  CAttributeInfo** GetClassAttributeInfo() const override {
+    static CAttributeInfo* records[] = {nullptr};
+    return records;
+  }
+  void Init() override { text.clear(); }
+
+ private:
+  static CParentElementInfo& Info() {
+    static CParentElementInfo info(xgt_Sequence, xet_Element, u"greeting", u"", true, false, -1,
+                                   it_invalid, nullptr, false);
+    return info;
+  }
+};
+
+}  // namespace
+
+int main() {
+  SetGeneratorVersion(16, 1);
+  const CSerializationContext context;
+  const CSmartPtr<CGreeting> greeting(new CGreeting);
+  greeting->FromXml("<greeting><text>Hello</text></greeting>", context);
+  greeting->text += u", world";
+  const WString xml = greeting->ToXml(false, false, EOL_LF, context);
+  std::cout << DisplayUtf8(xml) << '\n';
+  try {
+    greeting->FromXml("<greeting/>", context);
+    return 1;
+  } catch (const CTovikValidationException& e) {
+    std::cout << e.what() << '\n';
+  }
+  return xml == u"<greeting><text>Hello, world</text></greeting>" ? 0 : 1;
+}
