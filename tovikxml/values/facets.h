@@ -10,8 +10,11 @@ namespace TovikXmlLib16 {
 class CPrimitiveRestrictions;
 struct TovikVariant;
 
-/// Tests a value against the facets of a simple type; `name` is that of its element or attribute.
-void CheckFacets(const WString& name, const TovikVariant& value, ItemType itemType,
+/// Tests a value against the facets of a simple type as `CheckFacets<kind>` of value_facets.h does;
+/// `name` is that of its element or attribute. The value is what the variant's getter for `kind`
+/// gives. Throws `CTovikInvalidValueException` "Unknown type [%s]." with the variant's own type if
+/// `kind` is `it_char` or no primitive value, whether there are facets or not.
+void CheckFacets(const WString& name, const TovikVariant& value, ItemType kind,
                  const CPrimitiveRestrictions& restrictions);
 
 }  // namespace TovikXmlLib16

@@ -23,4 +23,4 @@ tovikxml_sources(values
   variant
   whitespace)
 tovikxml_internal_headers(values base64 float_format number_text value_kinds facets
-  calendar date_time_fields pattern second_fraction)
+  calendar date_time_fields pattern second_fraction value_facets)
