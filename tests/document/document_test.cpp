@@ -60,6 +60,15 @@ TEST(Document, HoldsNamesTextsAndAttributes) {
   EXPECT_EQ(document.LookupNamespaceFromAlias(u"z"), u"");
 }
 
+TEST(Document, DropsCarriageReturnsFromTextAlone) {
+  CXmlDocument document;
+  document.LoadXml(
+      "<!DOCTYPE a [<!ENTITY e 'x&#13;y&#38;#13;z'>]>"
+      "<a b='&#13;'>&e;1\r\n2\r3&#13;&#xD;4<![CDATA[5\r\n6\r7]]></a>");
+  EXPECT_EQ(document.GetDocumentElement()->GetText(), u"xyz1\n2\n345\n6\n7");
+  EXPECT_EQ(document.GetDocumentElement()->GetAttribute(u"b", u""), u"\r");
+}
+
 TEST(Document, GivesPaths) {
   CXmlDocument document;
   document.LoadXml(

@@ -1,6 +1,5 @@
 #include "tovikxml/document/document.h"
 
-#include <cstdint>
 #include <utility>
 
 #include "tovikxml/base/text.h"
@@ -12,27 +11,6 @@ namespace TovikXmlLib16 {
 namespace {
 
 const WString kEmptyText;
-
-// Number of units in front of the first carriage return or zero unit. Blocks of units above the
-// carriage return, the ordinary case, are passed at once.
-std::size_t TextRun(WStringView text) {
-  constexpr std::uint64_t kLanes = 0x0001000100010001u;
-  std::size_t at = 0;
-  while (at < text.size()) {
-    if (at + 4 <= text.size()) {
-      std::uint64_t word;
-      std::memcpy(&word, text.data() + at, sizeof word);
-      const bool noneBelow = ((word - kLanes * 14) & ~word & (kLanes << 15)) == 0;
-      if (noneBelow) {
-        at += 4;
-        continue;
-      }
-    }
-    if (text[at] == u'\r' || text[at] == 0) break;
-    ++at;
-  }
-  return at;
-}
 
 void AppendPosition(WString& name, std::size_t position) {
   name.append(u"[").append(WidenAscii(std::to_string(position))).append(u"]");
@@ -168,6 +146,7 @@ CXmlDocument::~CXmlDocument() = default;
 
 void CXmlDocument::Cleanup() {
   m_root = nullptr;
+  m_lastName = nullptr;
   m_storage.reset();
   m_open.clear();
   m_aliases.clear();
@@ -189,9 +168,10 @@ WString CXmlDocument::LookupNamespaceFromAlias(const wchar* alias) const {
   return entry == m_aliases.end() ? WString() : entry->second;
 }
 
-const CXmlName* CXmlDocument::KeepName(WStringView qualified) {
+const CXmlName* CXmlDocument::KeepName(const wchar* qualified) {
   if (!m_storage) m_storage = std::make_unique<CXmlTreeStorage>();
-  return m_storage->names.Keep(qualified);
+  m_lastName = m_storage->names.KeepNext(qualified, m_lastName);
+  return m_lastName;
 }
 
 CXmlElement* CXmlDocument::AddElement(const CXmlName* name) {
@@ -220,13 +200,12 @@ void CXmlDocument::AddElementAttribute(CXmlElement* element, const CXmlName* nam
   element->m_attributes.push_back(attribute);
 }
 
-void CXmlDocument::AppendTextExcludingCR(CXmlElement* element, WStringView text) {
-  while (!text.empty()) {
-    const std::size_t run = TextRun(text);
-    element->m_text.append(text.data(), run);
-    text.remove_prefix(run);
-    if (text.empty() || text.front() == 0) return;
-    text.remove_prefix(1);
+void CXmlDocument::AppendTextExcludingCR(WStringView text) {
+  text = text.substr(0, text.find(u'\0'));
+  for (std::size_t end = 0; end != WStringView::npos;) {
+    end = text.find(u'\r');
+    AppendText(text.substr(0, end));
+    if (end != WStringView::npos) text.remove_prefix(end + 1);
   }
 }
 

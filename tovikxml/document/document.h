@@ -27,6 +27,7 @@
 /// document and never outlive it. A document belongs to one thread.
 namespace TovikXmlLib16 {
 
+class CBinaryData;
 class CInputFile;
 class CSerializationContext;
 class CXmlDocument;
@@ -138,6 +139,20 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   /// Reads 16-bit text, which needs no declaration; one that names another encoding is refused.
   void LoadXml(const wchar* text);
 
+  // The JSON load entries give the XML text that the JSON stands for, in UTF-8, to be read by
+  // `LoadXmlStream`; the document itself stays empty. They throw "JSON String is empty!" or "JSON
+  // Stream is empty!", as `Load` does for the file, and `CTovikValidationException` with line,
+  // position and path for bytes that are not UTF-8 and for text that is not JSON.
+
+  /// Reads UTF-8, with or without a byte order mark, from a file, which may be compressed. An empty
+  /// file gives XML text without a root.
+  CBinaryData LoadJsonFile(const wchar* fileName);
+  /// Reads bytes as `LoadJsonFile` does.
+  CBinaryData LoadJsonStream(const unsigned char* data, unsigned long length);
+  /// Reads UTF-8.
+  CBinaryData LoadJson(const char* text);
+  CBinaryData LoadJson(const wchar* text);
+
   /// The root; null before a load.
   CXmlElement* GetDocumentElement() const { return m_root; }
   /// The first prefix, in ascending order, that is bound to the URI anywhere in the document. Empty
@@ -158,10 +173,13 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   };
 
   // For the parsers.
-  const CXmlName* KeepName(WStringView qualified);
+  const CXmlName* KeepName(const wchar* qualified);
   CXmlElement* AddElement(const CXmlName* name);
   void AddElementAttribute(CXmlElement* element, const CXmlName* name, WStringView value);
-  void AppendTextExcludingCR(CXmlElement* element, WStringView text);
+  /// Appends to the element whose end tag comes next; the text has no carriage return.
+  void AppendText(WStringView text) { m_open.back().element->m_text.append(text); }
+  /// The same for text that may have carriage returns, which are dropped; a zero unit ends it.
+  void AppendTextExcludingCR(WStringView text);
   void EndElement();
   CXmlElement* TopElement() const { return m_open.empty() ? nullptr : m_open.back().element; }
   void BindAlias(WString prefix, WString uri) { m_aliases[std::move(prefix)] = std::move(uri); }
@@ -169,7 +187,8 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
 
   void Parse(ByteArray input);
   void ParseText(const ByteArray& input);
-  void LoadWhole(const wchar* fileName);
+  CBinaryData ParseJson(ByteArray input);
+  static ByteArray ReadWhole(const wchar* fileName);
   void LoadOverlapped(const wchar* fileName);
   void ParseOverlapped(CInputFile& file, ByteArray current);
 
@@ -177,6 +196,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
 
   std::unique_ptr<CXmlTreeStorage> m_storage;
   CXmlElement* m_root = nullptr;
+  const CXmlName* m_lastName = nullptr;
   std::vector<OpenElement> m_open;
   std::map<WString, WString> m_aliases;
   int m_schemaType;

@@ -62,7 +62,7 @@ void CXmlDocument::Load(const wchar* fileName) {
   if (IsAsyncFromXmlFile()) {
     LoadOverlapped(fileName);
   } else {
-    LoadWhole(fileName);
+    Parse(ReadWhole(fileName));
   }
 }
 
@@ -97,7 +97,7 @@ void CXmlDocument::ParseText(const ByteArray& input) {
   reader.ParseBuffer(input.data.get(), input.length, true);
 }
 
-void CXmlDocument::LoadWhole(const wchar* fileName) {
+ByteArray CXmlDocument::ReadWhole(const wchar* fileName) {
   CInputFile file;
   OpenFile(file, fileName);
   const SizeResult size = file.GetSize();
@@ -109,8 +109,7 @@ void CXmlDocument::LoadWhole(const wchar* fileName) {
   if (const int error = file.ReadWhole(input.data.get(), input.length)) {
     ThrowReadFailure(fileName, error);
   }
-  file.Close();
-  Parse(std::move(input));
+  return input;
 }
 
 void CXmlDocument::LoadOverlapped(const wchar* fileName) {

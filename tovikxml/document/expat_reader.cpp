@@ -35,11 +35,20 @@ static_assert(sizeof(XML_Char) == sizeof(wchar));
 WStringView Widen(const XML_Char* text, std::size_t length, WString& /*scratch*/) {
   return {reinterpret_cast<const wchar*>(text), length};
 }
+
+const wchar* WidenName(const XML_Char* name, WString& /*scratch*/) {
+  return reinterpret_cast<const wchar*>(name);
+}
 #else
 WStringView Widen(const XML_Char* text, std::size_t length, WString& scratch) {
   // expat has checked the encoding and never cuts a character.
   scratch = DecodeUtf8({text, length}).value_or(WString());
   return scratch;
+}
+
+const wchar* WidenName(const XML_Char* name, WString& scratch) {
+  Widen(name, LengthOf(name), scratch);
+  return scratch.c_str();
 }
 #endif
 
@@ -54,9 +63,10 @@ WStringView Widen(const XML_Char* text, WString& scratch) {
 struct CExpatReader::Handlers {
   CXmlDocument* document;
   XML_Parser parser;
-  std::exception_ptr failure;
-  WString nameScratch;
-  WString valueScratch;
+  std::exception_ptr failure{};
+  WString nameScratch{};
+  WString valueScratch{};
+  bool hasDocumentType = false;
 
   template <class Action>
   static void Guard(void* userData, Action action) {
@@ -74,9 +84,9 @@ struct CExpatReader::Handlers {
                                      const XML_Char** attributes) {
     Guard(userData, [&](Handlers& self) {
       CXmlDocument& target = *self.document;
-      CXmlElement* element = target.AddElement(target.KeepName(Widen(name, self.nameScratch)));
+      CXmlElement* element = target.AddElement(target.KeepName(WidenName(name, self.nameScratch)));
       for (; *attributes; attributes += 2) {
-        const CXmlName* kept = target.KeepName(Widen(attributes[0], self.nameScratch));
+        const CXmlName* kept = target.KeepName(WidenName(attributes[0], self.nameScratch));
         target.AddElementAttribute(element, kept, Widen(attributes[1], self.valueScratch));
       }
     });
@@ -86,19 +96,33 @@ struct CExpatReader::Handlers {
     Guard(userData, [](Handlers& self) { self.document->EndElement(); });
   }
 
+  // A carriage return comes on its own, from a character reference, but for the text of an entity,
+  // which needs a document type.
   static void XMLCALL OnCharacterData(void* userData, const XML_Char* text, int length) {
     Guard(userData, [&](Handlers& self) {
+      if (length == 1 && *text == '\r') return;
       const auto size = static_cast<std::size_t>(length);
-      self.Append(Widen(text, size, self.valueScratch));
+      const WStringView run = Widen(text, size, self.valueScratch);
+      if (self.hasDocumentType) {
+        self.document->AppendTextExcludingCR(run);
+      } else {
+        self.document->AppendText(run);
+      }
     });
   }
 
+  static void XMLCALL OnStartDocumentType(void* userData, const XML_Char* /*name*/,
+                                          const XML_Char* /*systemId*/,
+                                          const XML_Char* /*publicId*/, int /*hasSubset*/) {
+    static_cast<Handlers*>(userData)->hasDocumentType = true;
+  }
+
   static void XMLCALL OnStartCdata(void* userData) {
-    Guard(userData, [](Handlers& self) { self.Append(kCDataStart); });
+    Guard(userData, [](Handlers& self) { self.document->AppendText(kCDataStart); });
   }
 
   static void XMLCALL OnEndCdata(void* userData) {
-    Guard(userData, [](Handlers& self) { self.Append(kCDataEnd); });
+    Guard(userData, [](Handlers& self) { self.document->AppendText(kCDataEnd); });
   }
 
   static void XMLCALL OnStartNamespace(void* userData, const XML_Char* prefix,
@@ -110,8 +134,6 @@ struct CExpatReader::Handlers {
   }
 
   static void XMLCALL OnEndNamespace(void* /*userData*/, const XML_Char* /*prefix*/) {}
-
-  void Append(WStringView text) { document->AppendTextExcludingCR(document->TopElement(), text); }
 };
 
 CExpatReader::CExpatReader(CXmlDocument* document)
@@ -129,11 +151,12 @@ void CExpatReader::Create() {
                      : XML_ParserCreateNS(nullptr, kNamespaceSeparator));
   if (!m_parser) throw std::bad_alloc();
   XML_Parser parser = m_parser.get();
-  m_handlers.reset(new Handlers{m_document, parser, nullptr, WString(), WString()});
+  m_handlers.reset(new Handlers{m_document, parser});
   XML_SetUserData(parser, m_handlers.get());
   XML_SetElementHandler(parser, Handlers::OnStartElement, Handlers::OnEndElement);
   XML_SetNamespaceDeclHandler(parser, Handlers::OnStartNamespace, Handlers::OnEndNamespace);
   XML_SetCharacterDataHandler(parser, Handlers::OnCharacterData);
+  XML_SetStartDoctypeDeclHandler(parser, Handlers::OnStartDocumentType);
   if (!m_document->m_context->GetStripCDATA()) {
     XML_SetCdataSectionHandler(parser, Handlers::OnStartCdata, Handlers::OnEndCdata);
   }

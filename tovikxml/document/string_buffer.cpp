@@ -1,7 +1,6 @@
 #include "tovikxml/document/string_buffer.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "tovikxml/base/exception.h"
@@ -9,20 +8,11 @@
 #include "tovikxml/base/text.h"
 
 namespace TovikXmlLib16 {
-namespace {
-
-void CopyUnits(wchar* target, WStringView text) {
-  std::memcpy(target, text.data(), text.size() * sizeof(wchar));
-}
-
-}  // namespace
-
-void CStringBuffer::Append(WStringView text) {
+void CStringBuffer::AppendAcrossChunks(WStringView text) {
   while (!text.empty()) {
     if (m_used == m_capacity) AddChunk();
     const WStringView slice = text.substr(0, m_capacity - m_used);
-    CopyUnits(m_current + m_used, slice);
-    m_used += static_cast<std::uint32_t>(slice.size());
+    CopyUnits(slice);
     text.remove_prefix(slice.size());
   }
 }
@@ -81,8 +71,8 @@ void CStringBuffer::Merge() {
   Chunk merged{std::unique_ptr<wchar[]>(new wchar[std::size_t{total} + 1]), total};
   wchar* end = merged.units.get();
   for (std::size_t i = 0; i < GetChunkCount(); ++i) {
-    CopyUnits(end, GetChunk(i));
-    end += GetChunk(i).size();
+    const WStringView chunk = GetChunk(i);
+    end = std::copy_n(chunk.data(), chunk.size(), end);
   }
   m_chunks.clear();
   m_full = 0;

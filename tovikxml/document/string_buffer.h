@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <memory>
 #include <vector>
@@ -32,7 +33,10 @@ class CStringBuffer {
     m_current[m_used++] = unit;
   }
   /// The text may lie in this buffer.
-  void Append(WStringView text);
+  void Append(WStringView text) {
+    if (text.size() > m_capacity - m_used) return AppendAcrossChunks(text);
+    CopyUnits(text);
+  }
   /// Null counts as empty.
   void Append(const wchar* text);
   void Append(const WString& text) { Append(WStringView(text)); }
@@ -58,6 +62,11 @@ class CStringBuffer {
     std::uint32_t capacity;
   };
 
+  void AppendAcrossChunks(WStringView text);
+  void CopyUnits(WStringView text) {
+    if (!text.empty()) std::memcpy(m_current + m_used, text.data(), text.size() * sizeof(wchar));
+    m_used += static_cast<std::uint32_t>(text.size());
+  }
   void AddChunk();
   void Adopt(Chunk chunk);
   void Merge();

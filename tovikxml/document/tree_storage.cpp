@@ -20,6 +20,11 @@ void ForgetText(WString& text) {
   }
 }
 
+bool IsSameCString(const wchar* a, const wchar* b) {
+  while (*a == *b && *a) ++a, ++b;
+  return *a == *b;
+}
+
 }  // namespace
 
 const CXmlName* CXmlNameTable::Keep(WStringView qualified) {
@@ -28,7 +33,7 @@ const CXmlName* CXmlNameTable::Keep(WStringView qualified) {
   const std::size_t at = Find(qualified, hash);
   if (m_slots[at].name) return m_slots[at].name;
   const std::size_t separator = qualified.find(kNamespaceSeparator);
-  CXmlName name{WString(qualified), WString(), WString(qualified)};
+  CXmlName name{WString(qualified), WString(), WString(qualified), nullptr};
   if (separator != WStringView::npos) {
     name.namespaceUri = qualified.substr(0, separator);
     name.localName = qualified.substr(separator + 1);
@@ -36,6 +41,16 @@ const CXmlName* CXmlNameTable::Keep(WStringView qualified) {
   m_names.push_back(std::move(name));
   m_slots[at] = {hash, &m_names.back()};
   return &m_names.back();
+}
+
+const CXmlName* CXmlNameTable::KeepNext(const wchar* qualified, const CXmlName* previous) {
+  if (previous && previous->successor &&
+      IsSameCString(previous->successor->qualified.c_str(), qualified)) {
+    return previous->successor;
+  }
+  const CXmlName* name = Keep(WStringView(qualified));
+  if (previous) previous->successor = name;
+  return name;
 }
 
 // Words are mixed by multiplication from a start that differs between documents and processes, so

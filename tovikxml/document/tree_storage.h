@@ -20,6 +20,8 @@ struct CXmlName {
   WString qualified;  ///< URI, "|" and local name as the parser gives them, or a local name alone
   WString namespaceUri;
   WString localName;
+  /// The name that last came behind this one: documents repeat, so it is looked at first.
+  mutable const CXmlName* successor = nullptr;
 };
 
 /// The names of a document, by hashing of their qualified form.
@@ -28,6 +30,8 @@ class CXmlNameTable {
   /// The kept name for a qualified name, whose first "|" ends the namespace URI. Valid as long as
   /// the table.
   const CXmlName* Keep(WStringView qualified);
+  /// The same for a zero-terminated name that comes behind `previous`, which may be null.
+  const CXmlName* KeepNext(const wchar* qualified, const CXmlName* previous);
 
  private:
   struct Slot {
