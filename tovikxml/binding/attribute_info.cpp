@@ -54,6 +54,8 @@ void CAttributeInfoPrimitive::Validate(const CSerializationContext& /*context*/,
   RequireIfMandatory(seen);
 }
 
+// The interface takes the value by copy.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void CAttributeInfoPrimitive::CheckRestriction(TovikVariant value) const {
   CheckFacets(GetAttributeName(), value, m_itemType, m_restrictions);
 }

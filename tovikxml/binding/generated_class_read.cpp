@@ -133,7 +133,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
   const auto offer = [&](CXmlAttribute* attribute) {
     for (std::size_t i = 0; i < seen.GetCount(); ++i) {
       if (records[i]->AttributeFromXml(context, this, attribute)) {
-        seen[i] = true;
+        seen[i] = 1;
         return true;
       }
     }
@@ -147,7 +147,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
       ThrowUnexpectedAttribute(*attribute);
     }
   }
-  for (std::size_t i = 0; i < seen.GetCount(); ++i) records[i]->Validate(context, seen[i]);
+  for (std::size_t i = 0; i < seen.GetCount(); ++i) records[i]->Validate(context, seen[i] != 0);
 }
 
 bool CXmlGeneratedClass::ReadRecord(CElementInfo* record, const CSerializationContext& context,
@@ -197,11 +197,12 @@ CXmlElement* CXmlGeneratedClass::ProcessElementAllFromXml(const CSerializationCo
   for (CXmlElement* passStart = nullptr; child && child != passStart;) {
     passStart = child;
     for (std::size_t i = 0; i < seen.GetCount(); ++i) {
-      if (!seen[i]) seen[i] = ReadRecord(records[i], context, parent, &child, elementType);
+      if (!seen[i]) seen[i] = ReadRecord(records[i], context, parent, &child, elementType) ? 1 : 0;
     }
   }
   for (std::size_t i = 0; i < seen.GetCount(); ++i) {
-    if (!records[i]->Validate(context, this, seen[i], elementType == xet_Element)) return start;
+    if (!records[i]->Validate(context, this, seen[i] != 0, elementType == xet_Element))
+      return start;
   }
   if (elementType != xet_Element || !child || context.GetIgnoreUnknownElements()) return child;
   ThrowLeftOver(*parent, *child);
