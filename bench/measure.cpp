@@ -28,7 +28,9 @@ std::string ReadFile(const char* name) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-unsigned char* BytesOf(std::string& text) { return reinterpret_cast<unsigned char*>(text.data()); }
+unsigned char* BytesOf(std::string& text) {
+  return reinterpret_cast<unsigned char*>(text.data());
+}
 
 template <class Root>
 Work ReadObjects(std::string& text) {
@@ -64,8 +66,8 @@ constexpr const wchar* kOrders = u"urn:example:bench:orders";
 constexpr const wchar* kMime = u"http://www.freedesktop.org/standards/shared-mime-info";
 
 Work MakeWork(const std::string& name, std::string& text) {
-  using Orders::COrderList;
   using MimeDatabase::CMimeInfo;
+  using Orders::COrderList;
   const std::map<std::string, std::function<Work()>> works = {
       {"tree",
        [&] {

@@ -14,8 +14,8 @@ void WalkPaths(const CXmlElement* root) {
   for (const CXmlElement* element = root; element && left > 0; --left) {
     element->GetXPath();
     for (const CXmlAttribute* attribute : element->GetAttributes()) attribute->GetXPath();
-    element = element->GetFirstElement() ? element->GetFirstElement()
-                                         : element->GetNextSiblingElement();
+    element =
+        element->GetFirstElement() ? element->GetFirstElement() : element->GetNextSiblingElement();
   }
 }
 

@@ -25,7 +25,9 @@ build_and_test() {
 }
 
 step "format"
-git ls-files '*.h' '*.cpp' | xargs clang-format-14 --dry-run -Werror
+unformatted=$(git ls-files '*.h' '*.cpp' | xargs clang-format-14 --dry-run 2>&1 |
+  grep -oE '^[^:]+\.(h|cpp)' | sort -u || true)
+[[ -z $unformatted ]] || { printf 'not formatted:\n%s\n' "$unformatted"; exit 1; }
 
 step "address and undefined-behaviour sanitizers"
 build_and_test asan-ubsan .

@@ -166,7 +166,8 @@ CDateTime::DTCompareResult CDateTime::CompareFields(const CDateTime& a, const CD
   const DateTimeFields left = a.GetFields();
   const DateTimeFields right = b.GetFields();
   const auto fraction = [](const DateTimeFields& fields) {
-    return static_cast<std::uint64_t>(fields.second) * kNanosInSecond + FractionOf(fields).Nanoseconds();
+    return static_cast<std::uint64_t>(fields.second) * kNanosInSecond +
+           FractionOf(fields).Nanoseconds();
   };
   const struct {
     unsigned part;
