@@ -18,6 +18,7 @@
 #include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/attribute_col.h"
 #include "tovikxml/collections/collection.h"
+#include "tovikxml/collections/typed_collections.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/writer.h"
 #include "tovikxml/json/context.h"

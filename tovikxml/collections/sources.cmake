@@ -1,1 +1,2 @@
-tovikxml_sources(collections attribute attribute_col collection collection_base)
+tovikxml_sources(collections attribute attribute_col collection collection_base type_collection
+                 typed_collections)
