@@ -9,6 +9,9 @@
 #include "tovikxml/document/file_text_stream.h"
 #include "tovikxml/document/text_stream.h"
 #include "tovikxml/document/text_writer.h"
+#include "tovikxml/document/utf_conversion.h"
+#include "tovikxml/json/context.h"
+#include "tovikxml/json/text_writer.h"
 #include "tovikxml/platform/async_files.h"
 #include "tovikxml/values/binary_data.h"
 
@@ -53,6 +56,22 @@ void WriteXml(CTextStream& stream, const XmlLayout& layout, const CSerialization
   CXmlTextWriter writer(&stream);
   OpenWriter(writer, layout, context);
   walk(&writer);
+  writer.Close();
+}
+
+// The same in JSON.
+template <class Walk>
+void WriteJson(CTextStream& stream, bool formatted, EOLType eol,
+               const CSerializationContext& context, Walk walk) {
+  CJsonTextWriter writer(&stream);
+  writer.Open();
+  writer.SetFormatted(formatted);
+  writer.SetIndentChars(context.GetIndentChars());
+  writer.SetEOLType(eol);
+  writer.SetRoundTrip(context.GetJsonContext().GetSupportRoundtrip());
+  writer.WriteStartDocument();
+  walk(&writer);
+  writer.WriteEndDocument();
   writer.Close();
 }
 
@@ -117,22 +136,46 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl /*declaration*/,
   ThrowUnsupported(u"Fast Infoset");
 }
 
-void CXmlObjectBase::ToJsonFile(const wchar* /*fileName*/, bool /*formatted*/,
-                                XmlEncoding /*encoding*/, EOLType /*eol*/,
-                                const CSerializationContext& /*context*/,
-                                CompressionType /*compression*/) const {
-  ThrowUnsupported(u"JSON");
+void CXmlObjectBase::ToJsonFile(const wchar* fileName, bool formatted, XmlEncoding encoding,
+                                EOLType eol, const CSerializationContext& context,
+                                CompressionType compression) const {
+  RefuseZlibFile(compression);
+  if (!IsAsyncToXmlFile() || compression != Compression_None) {
+    // A file made in memory carries no byte order mark, whatever its encoding.
+    SaveToFile(fileName, Encoding_UTF8, compression,
+               ToJsonStream(formatted, encoding, eol, context, compression));
+    return;
+  }
+  RequireGeneratorVersion();
+  CFileTextStream stream(fileName, encoding);
+  WriteJson(stream, formatted, eol, context, [&](CXmlWriter* writer) {
+    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
+  });
 }
 
-WString CXmlObjectBase::ToJson(bool /*formatted*/, EOLType /*eol*/,
-                               const CSerializationContext& /*context*/) const {
-  ThrowUnsupported(u"JSON");
+WString CXmlObjectBase::ToJson(bool formatted, EOLType eol,
+                               const CSerializationContext& context) const {
+  RequireGeneratorVersion();
+  CTextStream stream;
+  WriteJson(stream, formatted, eol, context, [&](CXmlWriter* writer) {
+    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
+  });
+  WString text;
+  stream.GetBuffer().AppendTo(text);
+  return text;
 }
 
-CBinaryData CXmlObjectBase::ToJsonStream(bool /*formatted*/, XmlEncoding /*encoding*/,
-                                         EOLType /*eol*/, const CSerializationContext& /*context*/,
-                                         CompressionType /*compression*/) const {
-  ThrowUnsupported(u"JSON");
+CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, EOLType eol,
+                                         const CSerializationContext& context,
+                                         CompressionType compression) const {
+  RequireGeneratorVersion();
+  CTextStream stream(encoding);
+  WriteJson(stream, formatted, eol, context, [&](CXmlWriter* writer) {
+    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
+  });
+  CBinaryData bytes = stream.GetCheckedBytes();
+  if (compression != Compression_None) CompressBinaryData(bytes, compression);
+  return bytes;
 }
 
 namespace {
@@ -193,27 +236,67 @@ void CXmlObjectBase::FromXmlElement(const CXmlElement* element,
   FromXml_Int(root, root->GetFirstElement(), context, false);
 }
 
-void CXmlObjectBase::FromJsonFile(const wchar* /*fileName*/,
-                                  const CSerializationContext& /*context*/) {
-  ThrowUnsupported(u"JSON");
+namespace {
+
+// JSON of the modes without namespaces is compared by local names alone. The context is put back on
+// every road out.
+class JsonNamespaceSetting {
+ public:
+  explicit JsonNamespaceSetting(const CSerializationContext& context)
+      : m_context(const_cast<CSerializationContext&>(context)),
+        m_changes(context.GetJsonContext().GetSupportRoundtrip() != jrt_Full),
+        m_before(context.GetIgnoreNamespaces()) {
+    if (m_changes) m_context.SetIgnoreNamespaces(true);
+  }
+  JsonNamespaceSetting(const JsonNamespaceSetting&) = delete;
+  JsonNamespaceSetting& operator=(const JsonNamespaceSetting&) = delete;
+  ~JsonNamespaceSetting() {
+    if (m_changes) m_context.SetIgnoreNamespaces(m_before);
+  }
+
+ private:
+  CSerializationContext& m_context;
+  bool m_changes;
+  bool m_before;
+};
+
+// Reads the XML text that stands for JSON.
+void FromJson_Int(CXmlObjectBase& object, const CBinaryData& xml,
+                  const CSerializationContext& context) {
+  const JsonNamespaceSetting setting(context);
+  try {
+    object.FromXmlStream(xml, context);
+  } catch (const CTovikException& e) {
+    const WString text = Utf8ToUtf16(xml.GetData(), xml.GetLength());
+    throw CTovikException(u"Error converting JSON to XML:\n" + text, e);
+  }
 }
 
-void CXmlObjectBase::FromJson(const wchar* /*text*/, const CSerializationContext& /*context*/) {
-  ThrowUnsupported(u"JSON");
+}  // namespace
+
+void CXmlObjectBase::FromJsonFile(const wchar* fileName, const CSerializationContext& context) {
+  RequireGeneratorVersion();
+  FromJson_Int(*this, CXmlDocument(context).LoadJsonFile(fileName), context);
 }
 
-void CXmlObjectBase::FromJson(const char* /*text*/, const CSerializationContext& /*context*/) {
-  ThrowUnsupported(u"JSON");
+void CXmlObjectBase::FromJson(const wchar* text, const CSerializationContext& context) {
+  RequireGeneratorVersion();
+  FromJson_Int(*this, CXmlDocument(context).LoadJson(text), context);
 }
 
-void CXmlObjectBase::FromJsonStream(const CBinaryData& /*data*/,
-                                    const CSerializationContext& /*context*/) {
-  ThrowUnsupported(u"JSON");
+void CXmlObjectBase::FromJson(const char* text, const CSerializationContext& context) {
+  RequireGeneratorVersion();
+  FromJson_Int(*this, CXmlDocument(context).LoadJson(text), context);
 }
 
-void CXmlObjectBase::FromJsonStream(unsigned char* /*data*/, unsigned long /*length*/,
-                                    const CSerializationContext& /*context*/) {
-  ThrowUnsupported(u"JSON");
+void CXmlObjectBase::FromJsonStream(const CBinaryData& data, const CSerializationContext& context) {
+  FromJsonStream(data.GetData(), data.GetLength(), context);
+}
+
+void CXmlObjectBase::FromJsonStream(unsigned char* data, unsigned long length,
+                                    const CSerializationContext& context) {
+  RequireGeneratorVersion();
+  FromJson_Int(*this, CXmlDocument(context).LoadJsonStream(data, length), context);
 }
 
 }  // namespace TovikXmlLib16

@@ -136,7 +136,7 @@ class TOVIKXML_EXPORT CSerializationContext {
   bool m_ignoreUnknownAttributes = false;
   bool m_ignoreInvalidCollectionCounts = false;
   bool m_ignoreMissingChoice = false;
-  bool m_ignoreNamespaces = false;
+  mutable bool m_ignoreNamespaces = false;  // reading JSON changes it for the length of the call
   bool m_stripCData = true;
 };
 
