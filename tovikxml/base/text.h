@@ -14,6 +14,22 @@ inline bool EqualText(WStringView a, WStringView b) {
          (a.data() == b.data() || std::memcmp(a.data(), b.data(), a.size() * sizeof(wchar)) == 0);
 }
 
+/// Index of the first `unit`, or the length. Blocks of a fixed size, large enough that compilers
+/// turn the loop over them into vector instructions, are tested at once.
+inline std::size_t FindUnit(WStringView text, wchar unit) {
+  constexpr std::size_t kBlock = 32;
+  std::size_t at = 0;
+  for (; at + kBlock <= text.size(); at += kBlock) {
+    wchar hits = 0;
+    for (std::size_t i = 0; i < kBlock; ++i) {
+      hits = static_cast<wchar>(hits | (text[at + i] == unit ? 1 : 0));
+    }
+    if (hits) break;
+  }
+  while (at < text.size() && text[at] != unit) ++at;
+  return at;
+}
+
 inline wchar ToAsciiUpper(wchar unit) {
   return unit >= u'a' && unit <= u'z' ? static_cast<wchar>(unit - u'a' + u'A') : unit;
 }

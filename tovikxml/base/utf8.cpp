@@ -7,15 +7,39 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr std::size_t kBlock = 4;
-constexpr std::uint64_t kNonAsciiUnits = 0xFF80FF80FF80FF80u;
+// ASCII is passed in blocks of a fixed size, large enough that compilers turn the loops over them
+// into vector instructions rather than unroll them.
+constexpr std::size_t kBlock = 32;
+constexpr std::size_t kSmallBlock = 4;
 constexpr std::uint64_t kNonAsciiBytes = 0x8080808080808080u;
 constexpr wchar kReplacement = 0xFFFD;
 
 bool IsAsciiBlock(const wchar* units) {
+  wchar all = 0;
+  for (std::size_t i = 0; i < kBlock; ++i) all = static_cast<wchar>(all | units[i]);
+  return all < 0x80;
+}
+
+bool IsSmallAsciiBlock(const wchar* units) {
   std::uint64_t word;
+  static_assert(sizeof word == kSmallBlock * sizeof(wchar));
   std::memcpy(&word, units, sizeof word);
-  return (word & kNonAsciiUnits) == 0;
+  return (word & 0xFF80FF80FF80FF80u) == 0;
+}
+
+// Size of the block of ASCII at `at`, 0 if there is none of either size.
+std::size_t AsciiBlock(WStringView text, std::size_t at) {
+  if (at + kBlock <= text.size() && IsAsciiBlock(text.data() + at)) return kBlock;
+  if (at + kSmallBlock <= text.size() && IsSmallAsciiBlock(text.data() + at)) {
+    return kSmallBlock;
+  }
+  return 0;
+}
+
+template <std::size_t size>
+unsigned char* CopyAscii(const wchar* units, unsigned char* out) {
+  for (std::size_t i = 0; i < size; ++i) out[i] = static_cast<unsigned char>(units[i]);
+  return out + size;
 }
 
 bool IsPair(WStringView text, std::size_t at) {
@@ -86,9 +110,9 @@ std::optional<std::size_t> Utf8Length(WStringView text) {
   std::size_t length = 0;
   std::size_t i = 0;
   while (i < text.size()) {
-    if (i + kBlock <= text.size() && IsAsciiBlock(text.data() + i)) {
-      length += kBlock;
-      i += kBlock;
+    if (const std::size_t block = AsciiBlock(text, i)) {
+      length += block;
+      i += block;
       continue;
     }
     const wchar unit = text[i];
@@ -112,9 +136,10 @@ std::optional<std::size_t> Utf8Length(WStringView text) {
 unsigned char* WriteUtf8(WStringView text, unsigned char* out) {
   std::size_t i = 0;
   while (i < text.size()) {
-    if (i + kBlock <= text.size() && IsAsciiBlock(text.data() + i)) {
-      for (std::size_t k = 0; k < kBlock; ++k) *out++ = static_cast<unsigned char>(text[i + k]);
-      i += kBlock;
+    if (const std::size_t block = AsciiBlock(text, i)) {
+      out = block == kBlock ? CopyAscii<kBlock>(text.data() + i, out)
+                            : CopyAscii<kSmallBlock>(text.data() + i, out);
+      i += block;
     } else if (IsPair(text, i)) {
       out = WritePoint(CombineSurrogates(text[i], text[i + 1]), out);
       i += 2;

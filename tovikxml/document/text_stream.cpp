@@ -14,31 +14,13 @@ namespace {
 
 using Pieces = std::vector<WStringView>;
 
-constexpr std::size_t kBlock = 4;
-constexpr std::uint64_t kLowBits = 0x0001000100010001u;
-constexpr std::uint64_t kHighBits = 0x8000800080008000u;
-
-// Whether a block may hold a zero unit; it never says no of one that does.
-bool MayHoldZero(const wchar* units) {
-  std::uint64_t word;
-  std::memcpy(&word, units, sizeof word);
-  return ((word - kLowBits) & ~word & kHighBits) != 0;
-}
-
-WStringView UpToZero(WStringView text) {
-  std::size_t i = 0;
-  while (i + kBlock <= text.size() && !MayHoldZero(text.data() + i)) i += kBlock;
-  while (i < text.size() && text[i] != 0) ++i;
-  return text.substr(0, i);
-}
-
 // The chunks of the text, the last one cut at the first zero unit.
 Pieces PiecesUpToZero(const CStringBuffer& buffer) {
   Pieces pieces;
   pieces.reserve(buffer.GetChunkCount());
   for (std::size_t i = 0; i < buffer.GetChunkCount(); ++i) {
     const WStringView chunk = buffer.GetChunk(i);
-    pieces.push_back(UpToZero(chunk));
+    pieces.push_back(chunk.substr(0, FindUnit(chunk, 0)));
     if (pieces.back().size() < chunk.size()) break;
   }
   return pieces;

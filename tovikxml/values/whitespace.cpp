@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "tovikxml/base/exception.h"
+#include "tovikxml/base/text.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -50,7 +51,7 @@ void CollapseInto(WStringView text, WString& out) {
 }
 
 bool HasCarriageReturn(WStringView text) {
-  return text.find(u'\r') != WStringView::npos;
+  return FindUnit(text, u'\r') != text.size();
 }
 
 bool NeedsReplacing(WStringView text) {
