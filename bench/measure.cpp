@@ -62,6 +62,29 @@ Work WriteObjects(std::string& text, const wchar* namespaceUri) {
   };
 }
 
+template <class Root>
+Work WriteJson(std::string& text) {
+  const CSmartPtr<Root> root(new Root);
+  const CSerializationContext& context = CSerializationContext::GetDefaultContext();
+  root->FromXmlStream(BytesOf(text), text.size(), context);
+  return [root, &context] {
+    root->ToJsonStream(true, Encoding_UTF8, EOL_LF, context, Compression_None);
+  };
+}
+
+template <class Root>
+Work ReadJson(std::string& text) {
+  const CSmartPtr<Root> root(new Root);
+  const CSerializationContext& context = CSerializationContext::GetDefaultContext();
+  root->FromXmlStream(BytesOf(text), text.size(), context);
+  const CBinaryData json =
+      root->ToJsonStream(true, Encoding_UTF8, EOL_LF, context, Compression_None);
+  return [json, &context] {
+    const CSmartPtr<Root> copy(new Root);
+    copy->FromJsonStream(json, context);
+  };
+}
+
 constexpr const wchar* kOrders = u"urn:example:bench:orders";
 constexpr const wchar* kMime = u"http://www.freedesktop.org/standards/shared-mime-info";
 
@@ -79,6 +102,8 @@ Work MakeWork(const std::string& name, std::string& text) {
       {"orders-read", [&] { return ReadObjects<COrderList>(text); }},
       {"orders-bind", [&] { return WalkTree<COrderList>(text); }},
       {"orders-write", [&] { return WriteObjects<COrderList>(text, kOrders); }},
+      {"orders-json-write", [&] { return WriteJson<COrderList>(text); }},
+      {"orders-json-read", [&] { return ReadJson<COrderList>(text); }},
       {"mime-read", [&] { return ReadObjects<CMimeInfo>(text); }},
       {"mime-bind", [&] { return WalkTree<CMimeInfo>(text); }},
       {"mime-write", [&] { return WriteObjects<CMimeInfo>(text, kMime); }},

@@ -139,6 +139,10 @@ class Carriers {
          [this](CMimeInfo& info) { info.FromXmlStream(m_bytes, Settings()); }},
         File("XML file, UTF-8, overlapped", Encoding_UTF8, Compression_None, true),
         File("XML file, UTF-16, overlapped", Encoding_UTF16, Compression_None, true),
+        {"JSON text, 16-bit", [this] { return WriteJson(); },
+         [this](CMimeInfo& info) { info.FromJson(m_text.c_str(), Settings()); }},
+        JsonFile("JSON file, UTF-8", Compression_None),
+        JsonFile("JSON file, gzip", Compression_GZip),
     };
   }
 
@@ -151,6 +155,22 @@ class Carriers {
   std::size_t WriteStream() {
     m_bytes = m_info.ToXmlStream(true, true, Encoding_UTF8, EOL_LF, Settings(), Compression_ZLib);
     return m_bytes.GetLength();
+  }
+
+  std::size_t WriteJson() {
+    m_text = m_info.ToJson(true, EOL_LF, Settings());
+    return m_text.size() * sizeof(wchar);
+  }
+
+  Carrier JsonFile(const char* name, CompressionType compression) {
+    const std::filesystem::path path = m_folder / "mime.json";
+    const WString file = path.u16string();
+    return {name,
+            [=, this] {
+              m_info.ToJsonFile(file.c_str(), true, Encoding_UTF8, EOL_LF, Settings(), compression);
+              return std::filesystem::file_size(path);
+            },
+            [=](CMimeInfo& info) { info.FromJsonFile(file.c_str(), Settings()); }};
   }
 
   Carrier File(const char* name, XmlEncoding encoding, CompressionType compression,
