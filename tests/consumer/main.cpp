@@ -60,7 +60,7 @@ int main() {
   try {
     greeting->FromXml("<greeting/>", context);
     return 1;
-  } catch (const CTovikValidationException& e) {
+  } catch (const CTovikException& e) {
     std::cout << e.what() << '\n';
   }
   return xml == u"<greeting><text>Hello, world</text></greeting>" ? 0 : 1;
