@@ -59,7 +59,6 @@ template <> constexpr auto kGetter<std::uint64_t> = &TovikVariant::GetUI8;
 template <> constexpr auto kGetter<float>         = &TovikVariant::GetR4;
 template <> constexpr auto kGetter<double>        = &TovikVariant::GetR8;
 template <> constexpr auto kGetter<bool>          = &TovikVariant::GetBoolean;
-template <> constexpr auto kGetter<WString>       = &TovikVariant::GetString;
 template <> constexpr auto kGetter<CBinaryData>   = &TovikVariant::GetHexBinary;
 template <> constexpr auto kGetter<CDecimal>      = &TovikVariant::GetDecimal;
 template <> constexpr auto kGetter<CBigInteger>   = &TovikVariant::GetInteger;
