@@ -174,6 +174,11 @@ const CXmlName* CXmlDocument::KeepName(const wchar* qualified) {
   return m_lastName;
 }
 
+const CXmlName* CXmlDocument::KeepName(WStringView namespaceUri, WStringView localName) {
+  if (!m_storage) m_storage = std::make_unique<CXmlTreeStorage>();
+  return m_storage->names.Keep(namespaceUri, localName);
+}
+
 CXmlElement* CXmlDocument::AddElement(const CXmlName* name) {
   CXmlElement* parent = TopElement();
   CXmlElement* previous = parent ? parent->m_lastChild : nullptr;

@@ -109,7 +109,8 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
  public:
   /// Sees each element at its end tag, children first, complete but for children freed before.
   /// Returning true frees the element at once, so that a very long document can be processed
-  /// element by element while the tree stays small. The root always stays.
+  /// element by element while the tree stays small. The root always stays. The elements of a Fast
+  /// Infoset document are not shown.
   using ElementCallback = bool (*)(CXmlElement*);
 
   /// Without a context the default context is used. The context must outlive the document.
@@ -125,12 +126,13 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   virtual void Cleanup();
 
   // Each load entry first calls `Cleanup`. They throw `CTovikException`: "%s at line %d" with the
-  // parser's words for text that is not well-formed, "XML String is empty!", "XML Stream is
-  // empty!", or a message with the file's name and the system's error number. After a failure the
+  // parser's words for text that is not well-formed, "Failed to parse FastInfoset. ...", "XML
+  // String is empty!", "XML Stream is empty!", or a message with the file's name and the system's
+  // error number. After a failure the
   // document is to be abandoned or loaded again.
 
-  /// Reads XML text from a file, which may be compressed with gzip or zlib. In overlapped mode
-  /// (`AsyncFromXmlFile`) the file is read in blocks and must be plain XML text.
+  /// Reads XML text or Fast Infoset from a file, which may be compressed with gzip or zlib. In
+  /// overlapped mode (`AsyncFromXmlFile`) the file is read in blocks and must be plain XML text.
   void Load(const wchar* fileName);
   /// Reads bytes as `Load` does.
   void LoadXmlStream(const unsigned char* data, unsigned long length);
@@ -163,6 +165,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
 
  private:
   friend class CExpatReader;
+  friend class CFastInfosetReader;
   friend class CXmlElement;
   friend class CXmlAttribute;
 
@@ -174,6 +177,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
 
   // For the parsers.
   const CXmlName* KeepName(const wchar* qualified);
+  const CXmlName* KeepName(WStringView namespaceUri, WStringView localName);
   CXmlElement* AddElement(const CXmlName* name);
   void AddElementAttribute(CXmlElement* element, const CXmlName* name, WStringView value);
   /// Appends to the element whose end tag comes next; the text has no carriage return.
@@ -181,11 +185,16 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   /// The same for text that may have carriage returns, which are dropped; a zero unit ends it.
   void AppendTextExcludingCR(WStringView text);
   void EndElement();
+  /// Ends an element that no callback is to see.
+  void CloseElement() { m_open.pop_back(); }
+  /// What `AppendText` appends to.
+  WString& TopText() { return m_open.back().element->m_text; }
   CXmlElement* TopElement() const { return m_open.empty() ? nullptr : m_open.back().element; }
   void BindAlias(WString prefix, WString uri) { m_aliases[std::move(prefix)] = std::move(uri); }
   void RemoveLastChildElement(const OpenElement& ended);
 
   void Parse(ByteArray input);
+  bool ParseFastInfoset(const ByteArray& input);
   void ParseText(const ByteArray& input);
   CBinaryData ParseJson(ByteArray input);
   static ByteArray ReadWhole(const wchar* fileName);

@@ -3,6 +3,7 @@
 #include <new>
 
 #include "tovikxml/base/text.h"
+#include "tovikxml/base/text_hash.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -28,17 +29,26 @@ bool IsSameCString(const wchar* a, const wchar* b) {
 }  // namespace
 
 const CXmlName* CXmlNameTable::Keep(WStringView qualified) {
-  if (m_names.size() * 2 >= m_slots.size()) Grow();
-  const std::uint64_t hash = Hash(qualified);
-  const std::size_t at = Find(qualified, hash);
-  if (m_slots[at].name) return m_slots[at].name;
   const std::size_t separator = qualified.find(kNamespaceSeparator);
-  CXmlName name{WString(qualified), WString(), WString(qualified), nullptr};
-  if (separator != WStringView::npos) {
-    name.namespaceUri = qualified.substr(0, separator);
-    name.localName = qualified.substr(separator + 1);
-  }
-  m_names.push_back(std::move(name));
+  if (separator == WStringView::npos) return Keep(Key{qualified, WStringView(), qualified});
+  return Keep(Key{qualified, qualified.substr(0, separator), qualified.substr(separator + 1)});
+}
+
+const CXmlName* CXmlNameTable::Keep(WStringView namespaceUri, WStringView localName) {
+  if (namespaceUri.empty()) return Keep(Key{localName, namespaceUri, localName});
+  WString qualified;
+  qualified.reserve(namespaceUri.size() + 1 + localName.size());
+  qualified.append(namespaceUri).append(1, kNamespaceSeparator).append(localName);
+  return Keep(Key{qualified, namespaceUri, localName});
+}
+
+const CXmlName* CXmlNameTable::Keep(const Key& key) {
+  if (m_names.size() * 2 >= m_slots.size()) Grow();
+  const std::uint64_t hash = Hash(key.qualified);
+  const std::size_t at = Find(key, hash);
+  if (m_slots[at].name) return m_slots[at].name;
+  m_names.push_back(
+      {WString(key.qualified), WString(key.namespaceUri), WString(key.localName), nullptr});
   m_slots[at] = {hash, &m_names.back()};
   return &m_names.back();
 }
@@ -53,34 +63,20 @@ const CXmlName* CXmlNameTable::KeepNext(const wchar* qualified, const CXmlName* 
   return name;
 }
 
-// Words are mixed by multiplication from a start that differs between documents and processes, so
-// that input cannot be made to collide.
+// The seed differs between documents and processes.
 std::uint64_t CXmlNameTable::Hash(WStringView text) const {
-  constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;
-  std::uint64_t hash = reinterpret_cast<std::uintptr_t>(this) * kFactor ^ text.size();
-  const auto mix = [&](std::uint64_t word) {
-    hash = (hash ^ word) * kFactor;
-    hash ^= hash >> 32;
-  };
-  const wchar* at = text.data();
-  std::size_t left = text.size() * sizeof(wchar);
-  for (std::uint64_t word; left >= sizeof word; left -= sizeof word, at += 4) {
-    std::memcpy(&word, at, sizeof word);
-    mix(word);
-  }
-  std::uint64_t rest = 0;
-  if (left != 0) std::memcpy(&rest, at, left);
-  mix(rest);
-  return hash;
+  return HashText(text, reinterpret_cast<std::uintptr_t>(this));
 }
 
-std::size_t CXmlNameTable::Find(WStringView qualified, std::uint64_t hash) const {
+std::size_t CXmlNameTable::Find(const Key& key, std::uint64_t hash) const {
   const std::size_t mask = m_slots.size() - 1;
+  const auto differs = [&](const Slot& slot) {
+    return slot.hash != hash || !EqualText(slot.name->qualified, key.qualified) ||
+           slot.name->namespaceUri.size() != key.namespaceUri.size() ||
+           slot.name->localName.size() != key.localName.size();
+  };
   std::size_t at = static_cast<std::size_t>(hash) & mask;
-  while (m_slots[at].name &&
-         !(m_slots[at].hash == hash && EqualText(m_slots[at].name->qualified, qualified))) {
-    at = (at + 1) & mask;
-  }
+  while (m_slots[at].name && differs(m_slots[at])) at = (at + 1) & mask;
   return at;
 }
 
@@ -88,7 +84,7 @@ void CXmlNameTable::Grow() {
   m_slots.assign(std::max(kFirstSlots, m_slots.size() * 2), Slot());
   for (const CXmlName& name : m_names) {
     const std::uint64_t hash = Hash(name.qualified);
-    m_slots[Find(name.qualified, hash)] = {hash, &name};
+    m_slots[Find({name.qualified, name.namespaceUri, name.localName}, hash)] = {hash, &name};
   }
 }
 

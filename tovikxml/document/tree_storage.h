@@ -24,7 +24,8 @@ struct CXmlName {
   mutable const CXmlName* successor = nullptr;
 };
 
-/// The names of a document, by hashing of their qualified form.
+/// The names of a document, by hashing of their qualified form. Two names may have one qualified
+/// form if a part holds "|".
 class CXmlNameTable {
  public:
   /// The kept name for a qualified name, whose first "|" ends the namespace URI. Valid as long as
@@ -32,15 +33,24 @@ class CXmlNameTable {
   const CXmlName* Keep(WStringView qualified);
   /// The same for a zero-terminated name that comes behind `previous`, which may be null.
   const CXmlName* KeepNext(const wchar* qualified, const CXmlName* previous);
+  /// The kept name for its two parts, which may hold any unit.
+  const CXmlName* Keep(WStringView namespaceUri, WStringView localName);
 
  private:
   struct Slot {
     std::uint64_t hash = 0;
     const CXmlName* name = nullptr;
   };
+  // A qualified name and where it is divided.
+  struct Key {
+    WStringView qualified;
+    WStringView namespaceUri;
+    WStringView localName;
+  };
 
+  const CXmlName* Keep(const Key& key);
   std::uint64_t Hash(WStringView text) const;
-  std::size_t Find(WStringView qualified, std::uint64_t hash) const;
+  std::size_t Find(const Key& key, std::uint64_t hash) const;
   void Grow();
 
   std::deque<CXmlName> m_names;
