@@ -10,6 +10,7 @@
 #include "tovikxml/document/text_stream.h"
 #include "tovikxml/document/text_writer.h"
 #include "tovikxml/document/utf_conversion.h"
+#include "tovikxml/fastinfoset/writer.h"
 #include "tovikxml/json/context.h"
 #include "tovikxml/json/text_writer.h"
 #include "tovikxml/platform/async_files.h"
@@ -124,16 +125,28 @@ void CXmlObjectBase::ToXmlFile(const wchar* fileName, bool includeHeader, bool f
   });
 }
 
-void CXmlObjectBase::ToFastInfosetFile(const wchar* /*fileName*/, FInfoDecl /*declaration*/,
-                                       const CSerializationContext& /*context*/,
-                                       CompressionType /*compression*/) const {
-  ThrowUnsupported(u"Fast Infoset");
+void CXmlObjectBase::ToFastInfosetFile(const wchar* fileName, FInfoDecl declaration,
+                                       const CSerializationContext& context,
+                                       CompressionType compression) const {
+  RefuseZlibFile(compression);
+  CFileBinaryStream(fileName, Encoding_None, ToFastInfosetStream(declaration, context, compression))
+      .SaveToFile();
 }
 
-CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl /*declaration*/,
-                                                const CSerializationContext& /*context*/,
-                                                CompressionType /*compression*/) const {
-  ThrowUnsupported(u"Fast Infoset");
+CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
+                                                const CSerializationContext& context,
+                                                CompressionType compression) const {
+  RequireGeneratorVersion();
+  CBinaryStream stream;
+  CFastInfosetWriter writer(context.GetFIContext(), &stream);
+  writer.Open();
+  writer.WriteStartDocument(declaration);
+  ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+  writer.WriteEndDocument();
+  writer.Close();
+  CBinaryData bytes = stream.GetData();
+  if (compression != Compression_None) CompressBinaryData(bytes, compression);
+  return bytes;
 }
 
 void CXmlObjectBase::ToJsonFile(const wchar* fileName, bool formatted, XmlEncoding encoding,

@@ -3,6 +3,7 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/collections/attribute_col.h"
+#include "tovikxml/fastinfoset/context.h"
 #include "tovikxml/json/context.h"
 
 namespace TovikXmlLib16 {
@@ -31,6 +32,7 @@ CSerializationContext::CSerializationContext(const CSerializationContext& other)
 CSerializationContext& CSerializationContext::operator=(const CSerializationContext& other) {
   if (this == &other) return *this;
   m_jsonContext = CopyOf(other.m_jsonContext);
+  m_fastInfosetContext = CopyOf(other.m_fastInfosetContext);
   m_additionalRootAttributes = other.m_additionalRootAttributes;
   m_defaultNamespaceUri = other.m_defaultNamespaceUri;
   m_namespaceAliases = other.m_namespaceAliases;
@@ -40,6 +42,7 @@ CSerializationContext& CSerializationContext::operator=(const CSerializationCont
   m_schemaType = other.m_schemaType;
   m_maxNesting = other.m_maxNesting;
   m_maxDecompressedSize = other.m_maxDecompressedSize;
+  m_maxExpandedText = other.m_maxExpandedText;
   m_writeTypeAttribute = other.m_writeTypeAttribute;
   m_noOptionalAttributeDefaults = other.m_noOptionalAttributeDefaults;
   m_writeDefaultElementValues = other.m_writeDefaultElementValues;
@@ -98,6 +101,11 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
 CJsonContext& CSerializationContext::GetJsonContext() const {
   if (!m_jsonContext) m_jsonContext = std::make_unique<CJsonContext>();
   return *m_jsonContext;
+}
+
+CFastInfosetContext& CSerializationContext::GetFIContext() const {
+  if (!m_fastInfosetContext) m_fastInfosetContext = std::make_unique<CFastInfosetContext>();
+  return *m_fastInfosetContext;
 }
 
 CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {

@@ -13,6 +13,7 @@
 namespace TovikXmlLib16 {
 
 class CAttributeCol;
+class CFastInfosetContext;
 class CJsonContext;
 
 /// Which namespace processing a document gets.
@@ -32,13 +33,13 @@ enum SchemaType : int {
 ///
 /// A context is a plain settings object; no call changes it, except that reading JSON changes the
 /// namespace flag for the length of the call. The members that are made when first asked for
-/// (`GetJsonContext`, `GetAdditionalRootAttributes`) must be made before a context is shared
-/// between threads.
+/// (`GetJsonContext`, `GetFIContext`, `GetAdditionalRootAttributes`) must be made before a context
+/// is shared between threads; reading and writing Fast Infoset asks for its settings.
 class TOVIKXML_EXPORT CSerializationContext {
  public:
   CSerializationContext();
-  /// Copies every setting. The JSON settings are copied too; the additional root attributes are
-  /// shared with the source.
+  /// Copies every setting. The JSON and Fast Infoset settings are copied too; the additional root
+  /// attributes are shared with the source.
   CSerializationContext(const CSerializationContext& other);
   CSerializationContext& operator=(const CSerializationContext& other);
   virtual ~CSerializationContext();
@@ -103,6 +104,8 @@ class TOVIKXML_EXPORT CSerializationContext {
   /// The JSON settings, made with their defaults when first asked for; valid as long as the
   /// context.
   CJsonContext& GetJsonContext() const;
+  /// The Fast Infoset settings, in the same way.
+  CFastInfosetContext& GetFIContext() const;
 
   /// How deep objects may be nested in objects, in reading and in writing. Deeper input or deeper
   /// (or cyclic) objects end in `CTovikException` "The objects are nested deeper than the limit of
@@ -117,8 +120,16 @@ class TOVIKXML_EXPORT CSerializationContext {
   void SetMaxDecompressedSize(std::uint64_t bytes) { m_maxDecompressedSize = bytes; }
   std::uint64_t GetMaxDecompressedSize() const { return m_maxDecompressedSize; }
 
+  /// How many bytes of text, in its 16-bit form, a Fast Infoset document may expand to in names,
+  /// values and content, since a few octets can refer to a long text again and again; more ends in
+  /// `CTovikException` "Failed to parse FastInfoset. The text exceeds the limit of %llu bytes."
+  static constexpr std::uint64_t kDefaultMaxExpandedText = std::uint64_t{1} << 30;
+  void SetMaxExpandedText(std::uint64_t bytes) { m_maxExpandedText = bytes; }
+  std::uint64_t GetMaxExpandedText() const { return m_maxExpandedText; }
+
  private:
   mutable std::unique_ptr<CJsonContext> m_jsonContext;
+  mutable std::unique_ptr<CFastInfosetContext> m_fastInfosetContext;
   mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
   WString m_defaultNamespaceUri;
   CNamespaceAliasMap m_namespaceAliases;
@@ -128,6 +139,7 @@ class TOVIKXML_EXPORT CSerializationContext {
   SchemaType m_schemaType = st_Namespaced;
   int m_maxNesting = kDefaultMaxNesting;
   std::uint64_t m_maxDecompressedSize = kDefaultMaxDecompressedSize;
+  std::uint64_t m_maxExpandedText = kDefaultMaxExpandedText;
   bool m_writeTypeAttribute = true;
   bool m_noOptionalAttributeDefaults = false;
   bool m_writeDefaultElementValues = false;

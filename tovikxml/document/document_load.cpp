@@ -10,6 +10,7 @@
 #include "tovikxml/document/compression.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/expat_reader.h"
+#include "tovikxml/fastinfoset/reader.h"
 #include "tovikxml/platform/async_files.h"
 #include "tovikxml/platform/file.h"
 
@@ -88,7 +89,13 @@ void CXmlDocument::LoadXml(const wchar* text) {
 // Compressed bytes are recognised by the attempt to decompress them.
 void CXmlDocument::Parse(ByteArray input) {
   DecompressData(input, m_context->GetMaxDecompressedSize());
-  ParseText(input);
+  if (!ParseFastInfoset(input)) ParseText(input);
+}
+
+// The settings are asked for only where the first octets fit, since they may have to be made.
+bool CXmlDocument::ParseFastInfoset(const ByteArray& input) {
+  if (!CFastInfosetReader::IsFastInfoset(input.data.get(), input.length)) return false;
+  return CFastInfosetReader(m_context->GetFIContext(), *this).Read(input.data.get(), input.length);
 }
 
 void CXmlDocument::ParseText(const ByteArray& input) {

@@ -1,0 +1,24 @@
+#ifndef TOVIKXML_FASTINFOSET_DROPPED_ITEMS_H_
+#define TOVIKXML_FASTINFOSET_DROPPED_ITEMS_H_
+
+#include "tovikxml/fastinfoset/octet_input.h"
+
+/// The parts of a document that have no place in the tree. They are read for their lengths, and
+/// their texts are not decoded. Internal.
+namespace TovikXmlLib16 {
+
+/// Passes over the octet with the presence bits and the optional components behind it (ITU-T
+/// X.891, C.2.3 to C.2.10).
+void SkipOptionalComponents(CFIOctetInput& input);
+
+// Each is called behind its identification, from which it takes what is present.
+
+void SkipProcessingInstruction(CFIOctetInput& input);
+void SkipComment(CFIOctetInput& input);
+/// The identifiers of a document type; its children and its end follow.
+void SkipDocumentType(CFIOctetInput& input, unsigned identification);
+void SkipEntityReference(CFIOctetInput& input, unsigned identification);
+
+}  // namespace TovikXmlLib16
+
+#endif  // TOVIKXML_FASTINFOSET_DROPPED_ITEMS_H_

@@ -1,0 +1,79 @@
+#include "tovikxml/fastinfoset/octet_output.h"
+
+#include <cstring>
+#include <limits>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/utf8.h"
+#include "tovikxml/document/binary_stream.h"
+#include "tovikxml/document/utf_conversion.h"
+
+namespace TovikXmlLib16 {
+
+void CFIOctetOutput::PutOctets(const void* data, std::size_t length) {
+  if (length > m_buffer.size() - m_used) Flush();
+  if (length > m_buffer.size()) {
+    m_stream->Append(static_cast<const unsigned char*>(data), length);
+  } else {
+    std::memcpy(m_buffer.data() + m_used, data, length);
+    m_used += length;
+  }
+}
+
+void CFIOctetOutput::PutIndex(const FIIndexCode& code, unsigned bits, std::uint32_t index) {
+  if (index <= code.direct) return Put(bits + index - 1);
+  const FIIndexStep* step = code.steps + code.stepCount - 1;
+  while (index < step->base) --step;
+  const std::uint32_t rest = index - step->base;
+  // A step of three octets leaves nothing for the first one.
+  Put(bits + step->form + (rest >> 8 * step->octets));
+  PutBigEndian(rest, step->octets);
+}
+
+void CFIOctetOutput::PutString(const FILengthCode& code, unsigned bits, const void* data,
+                               std::size_t length) {
+  PutLength(code, bits, length);
+  PutOctets(data, length);
+}
+
+void CFIOctetOutput::PutText(const FILengthCode& code, unsigned bits, WStringView text) {
+  const auto length = Utf8Length(text);
+  if (!length) RefuseUnpairedSurrogate();
+  PutLength(code, bits, *length);
+  if (*length > m_buffer.size() - m_used) Flush();
+  if (*length <= m_buffer.size()) {
+    m_used = static_cast<std::size_t>(WriteUtf8(text, m_buffer.data() + m_used) - m_buffer.data());
+  } else {
+    const auto octets = EncodeUtf8(text);
+    PutOctets(octets->data(), octets->size());
+  }
+}
+
+void CFIOctetOutput::Flush() {
+  if (m_used != 0) m_stream->Append(m_buffer.data(), m_used);
+  m_used = 0;
+}
+
+void CFIOctetOutput::PutLength(const FILengthCode& code, unsigned bits, std::size_t length) {
+  if (length == 0) {
+    throw CTovikException(u"Failed to write FastInfoset. A string without octets has no encoding.");
+  }
+  if (length <= code.direct) return Put(bits + static_cast<unsigned>(length) - 1);
+  std::size_t rest = length - code.direct - 1;
+  if (rest < 256) {
+    Put(bits + code.byteForm);
+    return Put(static_cast<unsigned>(rest));
+  }
+  rest -= 256;
+  if (rest > std::numeric_limits<std::uint32_t>::max()) {
+    throw CTovikException(u"Failed to write FastInfoset. A string is too long.");
+  }
+  Put(bits + code.wordForm);
+  PutBigEndian(static_cast<std::uint32_t>(rest), 4);
+}
+
+void CFIOctetOutput::PutBigEndian(std::uint32_t value, unsigned octets) {
+  while (octets-- > 0) Put(value >> 8 * octets & 0xFF);
+}
+
+}  // namespace TovikXmlLib16

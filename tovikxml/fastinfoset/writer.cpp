@@ -1,0 +1,334 @@
+#include "tovikxml/fastinfoset/writer.h"
+
+#include <iterator>
+
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
+#include "tovikxml/document/xml_names.h"
+#include "tovikxml/fastinfoset/algorithm_codes.h"
+#include "tovikxml/fastinfoset/encoding_algorithms.h"
+#include "tovikxml/fastinfoset/restricted_alphabet.h"
+#include "tovikxml/fastinfoset/vocabulary_tables.h"
+
+namespace TovikXmlLib16 {
+namespace {
+
+constexpr WStringView kDefaultVocabularyUri = u"urn:tovikxml:external-vocabulary";
+constexpr std::uint32_t kAlgorithmCount = 10;
+
+const WString kXsiUri{kXsiNamespace};
+const WString kXmlUri{kXmlNamespace};
+const WString kNone;
+
+}  // namespace
+
+/// Where a value stands, and the high bits of its three ways: by index, entering the table, or
+/// passing it by.
+struct FIValuePlace {
+  const FIStringCode& string;
+  const FIIndexCode& index;
+  unsigned indexBits;
+  unsigned addBits;
+  unsigned plainBits;
+  const wchar* operation;
+};
+
+namespace {
+
+constexpr FIValuePlace kAttributeValue{kFIStringBit3, kFIIndexBit2, 0x80,
+                                       0x40,          0x00,         u"EncodedCharacterStringBit5"};
+constexpr FIValuePlace kCharacterChunk{kFIStringBit5, kFIIndexBit4, 0xA0,
+                                       0x90,          0x80,         u"EncodedCharacterStringBit7"};
+
+}  // namespace
+
+// The octets of a literal name: with a prefix and namespace, with a namespace, with neither.
+struct CFastInfosetWriter::NameForm {
+  CFIIndexedNames CFITables::*names;
+  const FIIndexCode& index;
+  unsigned prefixed;
+  unsigned inNamespace;
+  unsigned plain;
+
+  static const NameForm kElement;
+  static const NameForm kAttribute;
+};
+
+const CFastInfosetWriter::NameForm CFastInfosetWriter::NameForm::kElement{
+    &CFITables::elementNames, kFIIndexBit3, 0x3F, 0x3D, 0x3C};
+const CFastInfosetWriter::NameForm CFastInfosetWriter::NameForm::kAttribute{
+    &CFITables::attributeNames, kFIIndexBit2, 0x7B, 0x79, 0x78};
+
+CFastInfosetWriter::CFastInfosetWriter(const CFastInfosetContext& context, CBinaryStream* stream)
+    : CXmlWriter(u"CFastInfosetWriter"),
+      m_output(stream),
+      m_context(context),
+      m_tables(*m_vocabulary.m_tables) {
+  if (context.GetUseGeneratedVocabulary()) m_vocabulary = *context.GetVocabulary();
+}
+
+CFastInfosetWriter::~CFastInfosetWriter() = default;
+
+void CFastInfosetWriter::Close() {
+  m_output.Flush();
+  CXmlWriter::Close();
+}
+
+void CFastInfosetWriter::WriteStartDocument(FInfoDecl declaration) {
+  const int number = declaration;
+  if (number < 0 || number > static_cast<int>(std::size(kFIDeclarations))) {
+    throw CTovikInvalidParamException(
+        FormatString(u"Invalid Fast Infoset declaration [%d]", number));
+  }
+  if (number != fid_None) {
+    const std::string_view text = kFIDeclarations[number - 1];
+    m_output.PutOctets(text.data(), text.size());
+  }
+  m_output.PutOctets(kFIIdentification, sizeof kFIIdentification);
+  if (!m_context.GetUseGeneratedVocabulary()) return m_output.Put(0x00);
+  // One optional component, the initial vocabulary, and in it only an external vocabulary.
+  for (const unsigned octet : {0x20u, 0x10u, 0x00u}) m_output.Put(octet);
+  const WString uri = m_context.GetExternalVocabularyURI();
+  m_output.PutText(kFILengthBit2, 0x00, uri.empty() ? kDefaultVocabularyUri : WStringView(uri));
+}
+
+void CFastInfosetWriter::WriteEndDocument() {
+  m_output.Put(m_isTerminatorPending ? kFIDoubleTerminator : kFITerminator);
+  m_isTerminatorPending = false;
+  m_output.Flush();
+}
+
+void CFastInfosetWriter::WriteComment(const WString& /*text*/) {}
+
+void CFastInfosetWriter::WriteProcessingInstruction(const WString& /*text*/) {
+  WriteElementHeader(false);
+}
+
+void CFastInfosetWriter::WriteInlineSchema(const WString& /*text*/) {}
+
+void CFastInfosetWriter::WriteStartElement(const WString& localName, const WString& namespaceUri) {
+  WriteElementHeader(false);
+  WritePendingTerminator();
+  if (Current()) {
+    ++Current()->childCount;
+    CloseStartTag();
+  }
+  PushContext(localName, namespaceUri);
+  m_isHeaderPending = true;
+}
+
+void CFastInfosetWriter::WriteText(const WString& value, ItemType itemType) {
+  WriteElementHeader(false);
+  CloseStartTag();
+  if (value.empty()) return;
+  WritePendingTerminator();
+  WriteValue(kCharacterChunk, m_tables.characterChunks, m_context.GetElementMaxAddLength(), value,
+             itemType);
+}
+
+void CFastInfosetWriter::WriteEndElement() {
+  WriteElementHeader(false);
+  CloseStartTag();
+  if (m_isTerminatorPending) m_output.Put(kFIDoubleTerminator);
+  m_isTerminatorPending = !m_isTerminatorPending;
+  PopContext();
+}
+
+void CFastInfosetWriter::WriteAttribute(const WString& localName, const WString& namespaceUri,
+                                        const WString& value, ItemType itemType) {
+  BeginAttribute();
+  const WString& alias = namespaceUri.empty() ? kNone : AliasFor(namespaceUri);
+  WriteQualifiedName(NameForm::kAttribute, 0, alias, namespaceUri, localName);
+  WriteAttributeValue(value, itemType);
+}
+
+void CFastInfosetWriter::WriteXsiType(const WString& typeNamespaceUri, const WString& typeName,
+                                      ItemType itemType) {
+  BeginAttribute();
+  if (typeNamespaceUri.empty() || typeNamespaceUri == Current()->GetDefaultNamespace()) {
+    return WriteAttribute(u"type", kXsiUri, typeName, itemType);
+  }
+  // The prefix of the attribute's own name is that of the type, too.
+  const WString& alias = AliasFor(typeNamespaceUri);
+  WriteQualifiedName(NameForm::kAttribute, 0, alias, kXsiUri, u"type");
+  WriteAttributeValue(alias + u":" + typeName, itemType);
+}
+
+void CFastInfosetWriter::WriteXsiNil() {
+  BeginAttribute();
+  WriteAttribute(u"nil", kXsiUri, u"true", it_boolean);
+}
+
+// The first octet of the element, the root's namespaces, and the name.
+void CFastInfosetWriter::WriteElementHeader(bool hasAttributes) {
+  if (!m_isHeaderPending) return;
+  m_isHeaderPending = false;
+  CXmlWriterContext& element = *Current();
+  element.hasAttributes = hasAttributes;
+  unsigned bits = hasAttributes ? 0x40 : 0x00;
+  if (element.GetDepth() == 0) {
+    m_output.Put(bits + 0x38);
+    bits = 0;
+    WriteRootNamespaces();
+  }
+  const WString& uri = element.GetNamespaceUri();
+  const bool needsAlias = !uri.empty() && !EqualText(uri, element.GetDefaultNamespace());
+  WriteQualifiedName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : kNone, uri,
+                     element.GetLocalName());
+}
+
+void CFastInfosetWriter::WriteRootNamespaces() {
+  const CXmlWriterContext& root = *Current();
+  if (!root.GetDefaultNamespace().empty()) {
+    m_output.Put(0xCD);
+    WriteIdentifyingString(m_tables.namespaceNames, root.GetDefaultNamespace());
+  }
+  for (const auto& [uri, alias] : root.GetAliasMap()) {
+    if (uri.compare(0, kXmlUri.size(), kXmlUri) == 0) continue;
+    m_output.Put(0xCF);
+    WriteIdentifyingString(m_tables.prefixNames, alias);
+    WriteIdentifyingString(m_tables.namespaceNames, uri);
+  }
+  m_output.Put(kFITerminator);
+}
+
+// An element whose first octet is written without the attribute bit takes none any more.
+void CFastInfosetWriter::BeginAttribute() {
+  WriteElementHeader(true);
+  if (!Current()->hasAttributes) Current()->startTagOpen = false;
+  RequireOpenStartTag();
+}
+
+void CFastInfosetWriter::CloseStartTag() {
+  CXmlWriterContext& element = *Current();
+  if (!element.startTagOpen) return;
+  element.startTagOpen = false;
+  if (element.hasAttributes) m_output.Put(kFITerminator);
+}
+
+void CFastInfosetWriter::WritePendingTerminator() {
+  if (m_isTerminatorPending) m_output.Put(kFITerminator);
+  m_isTerminatorPending = false;
+}
+
+// A generated alias is not declared: the literal name carries prefix and namespace.
+const WString& CFastInfosetWriter::AliasFor(const WString& namespaceUri) {
+  CXmlWriterContext& element = *Current();
+  if (const WString* alias = element.FindAlias(namespaceUri)) return *alias;
+  element.AddAlias(namespaceUri, GenerateAlias(element.GetAliasMap()));
+  return element.GetAlias(namespaceUri);
+}
+
+void CFastInfosetWriter::WriteIdentifyingString(CFIIndexedStrings& table, const WString& text) {
+  std::uint32_t index = table.Find(text);
+  WriteIdentifyingString(table, text, index);
+}
+
+// An index of 0 stands for a new string; it becomes what the table gives it.
+void CFastInfosetWriter::WriteIdentifyingString(CFIIndexedStrings& table, const WString& text,
+                                                std::uint32_t& index) {
+  if (index != 0) return m_output.PutIndex(kFIIndexBit2, 0x80, index);
+  m_output.PutText(kFILengthBit2, 0x00, text);
+  index = table.Add(text);
+}
+
+void CFastInfosetWriter::WriteQualifiedName(const NameForm& form, unsigned bits,
+                                            const WString& prefix, const WString& namespaceUri,
+                                            const WString& localName) {
+  CFIIndexedNames& names = m_tables.*form.names;
+  CFINameKey key = m_tables.FindName(prefix, namespaceUri, localName);
+  if (key.isComplete) {
+    const std::uint32_t index = names.Find(key);
+    if (index != 0) return m_output.PutIndex(form.index, bits, index);
+  }
+  const unsigned literal = !prefix.empty()         ? form.prefixed
+                           : !namespaceUri.empty() ? form.inNamespace
+                                                   : form.plain;
+  m_output.Put(bits + literal);
+  key.isComplete = true;
+  if (!prefix.empty()) WriteNamePart(m_tables.prefixNames, prefix, key.prefix, key);
+  if (!namespaceUri.empty()) {
+    WriteNamePart(m_tables.namespaceNames, namespaceUri, key.namespaceName, key);
+  }
+  WriteNamePart(m_tables.localNames, localName, key.localName, key);
+  // A part that found its table full has no index, and so has the name.
+  if (key.isComplete) names.Add(key);
+}
+
+void CFastInfosetWriter::WriteNamePart(CFIIndexedStrings& table, const WString& text,
+                                       std::uint32_t& index, CFINameKey& key) {
+  WriteIdentifyingString(table, text, index);
+  if (index == 0) key.isComplete = false;
+}
+
+void CFastInfosetWriter::WriteAttributeValue(const WString& value, ItemType itemType) {
+  // The index 0 stands for the empty string.
+  if (value.empty()) return m_output.Put(0xFF);
+  WriteValue(kAttributeValue, m_tables.attributeValues, m_context.GetAttributeMaxAddLength(), value,
+             itemType);
+}
+
+void CFastInfosetWriter::WriteValue(const FIValuePlace& place, CFIIndexedStrings& table,
+                                    unsigned long maxAddLength, const WString& value,
+                                    ItemType itemType) {
+  if (value.size() >= maxAddLength) {
+    return WriteEncodedString(place, place.plainBits, value, itemType);
+  }
+  const std::uint32_t index = table.Find(value);
+  if (index != 0) return m_output.PutIndex(place.index, place.indexBits, index);
+  WriteEncodedString(place, table.IsFull() ? place.plainBits : place.addBits, value, itemType);
+  table.Add(value);
+}
+
+void CFastInfosetWriter::WriteEncodedString(const FIValuePlace& place, unsigned bits,
+                                            const WString& value, ItemType itemType) {
+  const auto encoding = m_context.GetEncoding(static_cast<unsigned long>(itemType));
+  switch (encoding.kind) {
+    case CFastInfosetContext::ces_Default:
+      return m_output.PutText(*place.string.length, bits, value);
+    case CFastInfosetContext::ces_RestrictedAlphabet:
+      return WriteOverAlphabet(place, bits, encoding.index, value);
+    case CFastInfosetContext::ces_EncodingAlgorithm:
+      return WriteByAlgorithm(place, bits, encoding.index, value);
+  }
+  throw CTovikException(
+      FormatString(u"Failed to write FastInfoset. Unknown encoding in %s.", place.operation));
+}
+
+void CFastInfosetWriter::WriteOverAlphabet(const FIValuePlace& place, unsigned bits,
+                                           std::uint32_t index, const WString& value) {
+  if (index < 1 || index > std::size(kFIAlphabets)) {
+    throw CTovikException(
+        FormatString(u"Failed to write FastInfoset. Invalid Restricted Alphabet value [%d]",
+                     static_cast<int>(index)));
+  }
+  const std::vector<unsigned char> octets = EncodeOverAlphabet(kFIAlphabets[index - 1], value);
+  const FIStringCode& code = place.string;
+  m_output.Put(bits + code.alphabetForm + ((index - 1) >> code.shift));
+  m_output.PutString(*code.length, (index - 1) << (8 - code.shift) & 0xFF, octets.data(),
+                     octets.size());
+}
+
+void CFastInfosetWriter::WriteByAlgorithm(const FIValuePlace& place, unsigned bits,
+                                          std::uint32_t index, const WString& value) {
+  if (index < 1 || index > kAlgorithmCount) {
+    throw CTovikException(
+        FormatString(u"Failed to write FastInfoset. Invalid Encoding Algorithm value [%d]",
+                     static_cast<int>(index)));
+  }
+  const FIStringCode& code = place.string;
+  const auto put = [&](const void* data, std::size_t length) {
+    m_output.Put(bits + code.algorithmForm + ((index - 1) >> code.shift));
+    m_output.PutString(*code.length, (index - 1) << (8 - code.shift) & 0xFF, data, length);
+  };
+  if (HasValueOctets(index)) {
+    const CFIValueOctets octets = EncodeValue(index, value);
+    return put(octets.octets.data(), octets.length);
+  }
+  CFastInfosetBinaryData octets;
+  octets.SetAsEncodedString(index, value.c_str());
+  put(octets.GetData(), octets.GetLength());
+}
+
+}  // namespace TovikXmlLib16
