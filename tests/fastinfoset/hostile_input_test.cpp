@@ -1,0 +1,168 @@
+#include <gtest/gtest.h>
+
+#include "tests/fastinfoset/octets.h"
+
+using namespace TovikXmlTest;
+
+namespace {
+
+const std::string kRoot = "E0000001 00 3C0061 ";
+
+// A document with every form of name, value and item that the reader knows.
+const CBinaryData& Sample() {
+  static const CBinaryData octets = Octets(
+      "E0000001 7F 00 0075 0078 1FFF 0075 00 016162 00 0075 00 0070 00 0075 00 006C 00 006E 00 "
+      "0075 "
+      "00 2000 12 00 0078 00 0079 00 03 80 80 80 00 00 80 C3006E 0073 0070 F0 D1006E 0073 0070 "
+      "006E F0 045554462D38 01 02312E30 E10070 0078 C6 0073 E1007080 F0 "
+      "78 CD0475726E3A64 CF00700475726E3A70 F0 3D810072 7B81820069 4031 00 80 780064 703300 00012C "
+      "780065 FF F0 3F81820073 916869 F0 01 A0 E20063 C80065 8C0E050000000100000002 98001F "
+      "8601D83D "
+      "DE00 8C1438 8806022001A01A31 7C0076 00 0078 FF FF F0");
+  return octets;
+}
+
+bool IsExpectedFailure(const WString& message) {
+  const auto ends = [&](WStringView end) {
+    return message.size() >= end.size() && message.substr(message.size() - end.size()) == end;
+  };
+  return message.find(u"Failed to parse FastInfoset. ") == 0 || ends(u" byte encoding.") ||
+         message.find(u" at line ") != WString::npos;
+}
+
+// Reads a copy of just the size, so that a sanitizer sees every look beyond it.
+void ReadOrRefuse(const std::vector<unsigned char>& octets, std::size_t size) {
+  const std::vector<unsigned char> exact(octets.begin(),
+                                         octets.begin() + static_cast<std::ptrdiff_t>(size));
+  try {
+    CXmlDocument().LoadXmlStream(exact.data(), exact.size());
+  } catch (const CTovikException& e) {
+    EXPECT_TRUE(IsExpectedFailure(e.GetMessage())) << e.what();
+  }
+}
+
+std::vector<unsigned char> Copy(const CBinaryData& octets) {
+  return {octets.GetData(), octets.GetData() + octets.GetLength()};
+}
+
+WString FailureOf(const CBinaryData& octets, std::uint64_t maxText = 1 << 20) {
+  CSerializationContext context;
+  context.SetMaxExpandedText(maxText);
+  return MessageOf<CTovikException>([&] { TreeOf(octets, context); });
+}
+
+CBinaryData Repeated(const std::string& head, const std::string& item, int count,
+                     const std::string& end = "") {
+  CBinaryData octets = Octets(head);
+  const CBinaryData one = Octets(item);
+  for (int i = 0; i < count; ++i) octets.Append(one);
+  octets.Append(Octets(end));
+  return octets;
+}
+
+}  // namespace
+
+TEST(HostileFastInfoset, IsCutAnywhere) {
+  ASSERT_NE(TreeOf(Sample()), u"");
+  // The last octet is the end of the document behind the root's.
+  for (unsigned long size = 5; size + 1 < Sample().GetLength(); ++size) {
+    CBinaryData cut;
+    cut.SetBuffer(Sample().GetData(), size);
+    const WString message = FailureOf(cut);
+    EXPECT_TRUE(message == u"Failed to parse FastInfoset. Unexpected End of File." ||
+                message ==
+                    u"Failed to parse FastInfoset. Invalid Encoding of integers 0 To 2^20 "
+                    u"type  on the second bit of an octet.")
+        << size << DisplayUtf8(message);
+  }
+}
+
+TEST(HostileFastInfoset, HasAnyOctetChanged) {
+  std::vector<unsigned char> octets = Copy(Sample());
+  for (unsigned char& octet : octets) {
+    const unsigned char original = octet;
+    for (int value = 0; value < 256; ++value) {
+      octet = static_cast<unsigned char>(value);
+      ReadOrRefuse(octets, octets.size());
+    }
+    octet = original;
+  }
+}
+
+TEST(HostileFastInfoset, PointsBeyondTablesAndOctets) {
+  const struct {
+    std::string content;
+    const wchar* message;
+  } rows[] = {
+      {"01 F0", u"The element index [2] is beyond its table."},
+      {"3007FFFFFF", u"The element index [1050656] is beyond its table."},
+      {"33FFFFFFFF", u"The element index"},
+      {"7C0062 00 0078", u"The attribute index [1] is beyond its table."},
+      {"7C0062 78 0063 80", u"The attribute value index [1] is beyond its table."},
+      {"A0", u"The character chunk index [1] is beyond its table."},
+      {"BBFFFFFF", u"The character chunk index"},
+      {"3D81", u"The name index [2] is beyond its table."},
+      {"3CFFFFFF", u"The name index"},
+      {"38 CF81", u"The name index [2] is beyond its table."},
+      {"880800", u"The alphabet index [3] is beyond its table."},
+      {"7C0062 78 0063 2FF0 00", u"The alphabet index [256] is beyond its table."},
+      {"8804F0", u"Invalid character value for Restricted Alphabet."},
+      {"3E0070 0062", u"Invalid QName type Prefix without Namespace."},
+      {"C0", u"Invalid Encoding of Element type."},
+      {"CC", u"Invalid Encoding of Element type."},
+      {"FE", u"Invalid Encoding of Element type."},
+      {"8178", u"Unexpected End of File."},
+      {"83FFFFFFFF 78", u"Unexpected End of File."},
+      {"3C60FFFFFFFF 78", u"Unexpected End of File."},
+      {"7C0062 780063 0CFFFFFFFF", u"Unexpected End of File."},
+      {"80FF", u"Invalid UTF-8 text."},
+      {"3C00FF", u"Invalid UTF-8 text."},
+      {"840A", u"Invalid UTF-16 text."},
+      {"85D83D", u"Invalid UTF-16 text."},
+      {"8601DE00D83D", u"Invalid UTF-16 text."},
+  };
+  for (const auto& row : rows) {
+    const WString expected = WString(u"Failed to parse FastInfoset. ") + row.message;
+    EXPECT_EQ(FailureOf(Octets(kRoot + row.content)).substr(0, expected.size()), expected)
+        << row.content;
+  }
+  EXPECT_EQ(FailureOf(Octets("E0000001 40 90")),
+            u"Failed to parse FastInfoset. Invalid Encoding of the length of a sequence.");
+  EXPECT_EQ(FailureOf(Octets(kRoot + "8C2800")), u"Unknown byte encoding.");
+  EXPECT_EQ(FailureOf(Octets(kRoot + "8C0D0000")), u"Invalid value for INT byte encoding.");
+}
+
+TEST(HostileFastInfoset, RefersToOneLongTextAgainAndAgain) {
+  std::string text;
+  for (int i = 0; i < 0xFFF + 259; ++i) text += "78";
+  const WString limit =
+      u"Failed to parse FastInfoset. The text exceeds the limit of 1048576 bytes.";
+  const std::string length = "60 00000FC1";  // of the same text on the second bit
+  const CBinaryData rows[] = {
+      Repeated(kRoot + "93 00000FFF" + text, "A0", 100000, "F0"),
+      Repeated("E0000001 00 7C0061 780062 4C 00000FF9" + text, "0080", 100000, "F0F0"),
+      Repeated("E0000001 00 38 CF 0070 " + length + text, "CF8181", 100000, "F03C0061FF"),
+      // The same name with other parts, each of which would be kept.
+      Repeated(kRoot + "3C " + length + text, "3C81F0", 100000, "F0F0"),
+      // Bits that become words.
+      Repeated(kRoot + "8C17 0001859D", "FFFF", 50000, "F0"),
+  };
+  for (const CBinaryData& octets : rows) EXPECT_EQ(FailureOf(octets), limit);
+  CSerializationContext context;
+  context.SetMaxExpandedText(10);
+  EXPECT_EQ(TreeOf(Octets(kRoot + "917878 A0 F0"), context), u"a'xxxx'");
+  EXPECT_EQ(FailureOf(Octets(kRoot + "917878 A0 A0 F0"), 10),
+            u"Failed to parse FastInfoset. The text exceeds the limit of 10 bytes.");
+}
+
+TEST(HostileFastInfoset, IsAMillionElementsDeep) {
+  constexpr int kLevels = 1000000;
+  const CBinaryData closed = Repeated(kRoot, "00", kLevels, std::string(kLevels + 2, 'F'));
+  CXmlDocument document;
+  document.LoadXmlStream(closed.GetData(), closed.GetLength());
+  int depth = 0;
+  for (const CXmlElement* e = document.GetDocumentElement(); e; e = e->GetFirstElement()) ++depth;
+  EXPECT_EQ(depth, kLevels + 1);
+  EXPECT_EQ(FailureOf(Repeated(kRoot, "00", kLevels), std::uint64_t{1} << 30),
+            u"Failed to parse FastInfoset. Unexpected End of File.");
+}
