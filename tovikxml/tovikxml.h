@@ -18,6 +18,8 @@
 #include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/attribute_col.h"
 #include "tovikxml/collections/collection.h"
+#include "tovikxml/collections/element.h"
+#include "tovikxml/collections/element_col.h"
 #include "tovikxml/collections/typed_collections.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/writer.h"

@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
-#include <pthread.h>
-
-#include <functional>
 
 #include "tests/support/bag.h"
+#include "tests/support/small_stack.h"
 #include "tests/support/text.h"
 
 using namespace TovikXmlTest;
@@ -29,27 +27,6 @@ WString InnermostMessage(const CTovikException& e) {
   const CTovikException* cause = &e;
   while (cause->GetInnerException()) cause = cause->GetInnerException();
   return cause->GetMessage();
-}
-
-void* Run(void* action) {
-  (*static_cast<std::function<void()>*>(action))();
-  return nullptr;
-}
-
-// Runs on a thread with a stack of 512 KiB, more under a sanitizer, whose frames are larger.
-void RunOnSmallStack(std::function<void()> action) {
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-  constexpr std::size_t kStack = 4096 * 1024;
-#else
-  constexpr std::size_t kStack = 512 * 1024;
-#endif
-  pthread_attr_t attributes;
-  pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, kStack);
-  pthread_t thread;
-  ASSERT_EQ(pthread_create(&thread, &attributes, Run, &action), 0);
-  pthread_join(thread, nullptr);
-  pthread_attr_destroy(&attributes);
 }
 
 }  // namespace

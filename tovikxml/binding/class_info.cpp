@@ -7,7 +7,7 @@
 #include "tovikxml/binding/nil_attribute.h"
 #include "tovikxml/binding/object_base.h"
 #include "tovikxml/binding/serialization_context.h"
-#include "tovikxml/collections/collection_base.h"
+#include "tovikxml/collections/element_col.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
 #include "tovikxml/document/writer.h"
@@ -283,6 +283,34 @@ CXmlElement* CElementInfo::FromXml_Int(CXmlObjectBase* object, CXmlElement* pare
 void CElementInfo::AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
                                        const CSerializationContext& context) {
   object->AttributesToXml_Int(writer, context);
+}
+
+bool CElementInfo::IsAnyElement() const {
+  return EqualText(m_name, u"AnyElement");
+}
+
+WString CElementInfo::GetAnyDefaultNamespace(const wchar* anyNamespaces,
+                                             const wchar* defaultNamespace,
+                                             const wchar* targetNamespace) {
+  WStringView any = ViewOf(anyNamespaces);
+  if (any.substr(0, 2) == u"##") any = any.substr(0, any.find(u' '));
+  if (any == u"##any") return TextOf(defaultNamespace);
+  if (any == u"##other") return ViewOf(defaultNamespace).empty() ? u"DefaultNamespace" : u"";
+  if (any == u"##targetNamespace") return TextOf(targetNamespace);
+  return WString();
+}
+
+CXmlElement* CElementInfo::UntpdColFromXml(const CSerializationContext& context,
+                                           CXmlCollectionBase* collection, CXmlElement* parent,
+                                           CXmlElement* child) const {
+  if (IsAnyElement()) return collection->FromXml_Int(parent, child, context, false);
+  auto* elements = dynamic_cast<CElementCol*>(collection);
+  if (!elements) {
+    throw CTovikException(
+        u"Serialization Data Error : The collection should be a CElementCol, it was not!");
+  }
+  const WString uri = child ? child->GetNamespaceURI() : WString();
+  return elements->FromXmlLockElementName_Int(m_name.c_str(), uri.c_str(), parent, child, context);
 }
 
 CAttributeInfo::CAttributeInfo(const wchar* name, const wchar* namespaceUri,

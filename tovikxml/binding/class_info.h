@@ -182,6 +182,16 @@ class TOVIKXML_EXPORT CElementInfo {
   static void AttributesToXml_Int(const CXmlObjectBase* object, CXmlWriter* writer,
                                   const CSerializationContext& context);
 
+  /// Whether this is a wildcard record that takes elements of every local name.
+  bool IsAnyElement() const;
+  /// The namespace of the element made for a wildcard: by its `namespace` attribute, the namespace
+  /// of the class that holds it and the target namespace of the schema.
+  static WString GetAnyDefaultNamespace(const wchar* anyNamespaces, const wchar* defaultNamespace,
+                                        const wchar* targetNamespace);
+  /// Lets a wildcard's collection take elements from the cursor on: any, or a run of those with
+  /// this record's name and the namespace of the first.
+  CXmlElement* UntpdColFromXml(const CSerializationContext& context, CXmlCollectionBase* collection,
+                               CXmlElement* parent, CXmlElement* child) const;
   /// For wildcard records, which alone look at the default namespace given to `ElementFromXml`.
   void UseDefaultNamespace() { m_usesDefaultNamespace = true; }
   /// For the records that throw where their element is missing.

@@ -6,6 +6,7 @@
 #include "tovikxml/binding/object_base.h"
 #include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/collection_base.h"
+#include "tovikxml/collections/element.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/values/variant.h"
 
@@ -38,10 +39,6 @@ bool FindRequired(const CElementInfo& record, const detail::Reading& reading) {
     child = child->GetNextSiblingElement();
   }
   return true;
-}
-
-[[noreturn]] void ThrowOpenContentUnsupported() {
-  throw CTovikException(u"Open content is not supported by this version");
 }
 
 }  // namespace
@@ -331,20 +328,73 @@ bool UntpdKind::Write(const CSerializationContext& context, const CXmlGeneratedC
   return ElementToXmlCls(context, owner, writer, false);
 }
 
-bool UntpdKind::ReadSeqMnd(const Reading& /*reading*/) const {
-  ThrowOpenContentUnsupported();
+CSmartPtr<CXmlObjectBase> UntpdKind::Make(const Reading& reading) const {
+  const WString uri = GetAnyDefaultNamespace(m_anyNamespaces.c_str(), reading.defaultNamespace,
+                                             m_targetNamespace.c_str());
+  return new CElement(GetElementName().c_str(), uri.c_str(), m_anyNamespaces.c_str(),
+                      m_targetNamespace.c_str());
 }
-bool UntpdKind::ReadSeqOpt(const Reading& /*reading*/) const {
-  ThrowOpenContentUnsupported();
+
+CXmlElement* UntpdKind::Read(CXmlObjectBase* object, const Reading& reading) const {
+  CXmlElement* child = *reading.child;
+  if (!IsAnyElement() && !EqualText(GetElementName(), child->GetLocalName())) return child;
+  return FromXml_Int(object, reading.parent, child, reading.context, false);
 }
-bool UntpdKind::ReadAllMnd(const Reading& /*reading*/) const {
-  ThrowOpenContentUnsupported();
+
+void UntpdKind::Store(CXmlObjectBase* object, const Reading& reading) const {
+  TovikVariant value;
+  value.SetXmlObject(object);
+  InvokePropertySet(reading.owner, value, *reading.parent);
 }
-bool UntpdKind::ReadAllOpt(const Reading& /*reading*/) const {
-  ThrowOpenContentUnsupported();
+
+bool UntpdKind::ReadOptional(const Reading& reading) const {
+  CXmlElement*& child = *reading.child;
+  if (!child) return false;
+  const CSmartPtr<CXmlObjectBase> object = Make(reading);
+  CXmlElement* next = Read(object, reading);
+  if (next == child) return false;
+  Store(object, reading);
+  child = next;
+  return true;
 }
-bool UntpdKind::ReadChoiceOpt(const Reading& /*reading*/) const {
-  ThrowOpenContentUnsupported();
+
+// Reads into the object that a mandatory property holds already.
+bool UntpdKind::ReadMandatory(const Reading& reading) const {
+  CXmlElement*& child = *reading.child;
+  const CSmartPtr<CXmlObjectBase> object = ReadObject(reading.owner);
+  RequirePresent(object.Get() != nullptr);
+  CXmlElement* next = Read(object, reading);
+  const bool moved = next != child;
+  child = next;
+  return moved;
+}
+
+bool UntpdKind::ReadSeqMnd(const Reading& reading) const {
+  if (!*reading.child) ThrowRequiredChild(*this, *reading.parent);
+  const bool moved = ReadMandatory(reading);
+  if (!moved && reading.IsInRealElement()) {
+    throw CTovikValidationException(
+        FormatString(u"Failed to find the required element from namespace [%s].",
+                     GetElementNamespace().c_str()),
+        reading.parent->GetXPath());
+  }
+  return moved;
+}
+
+bool UntpdKind::ReadSeqOpt(const Reading& reading) const {
+  ReadOptional(reading);
+  return true;
+}
+
+bool UntpdKind::ReadAllMnd(const Reading& reading) const {
+  return *reading.child && ReadMandatory(reading);
+}
+
+bool UntpdKind::ReadChoiceOpt(const Reading& reading) const {
+  if (!*reading.child) return false;
+  const bool moved = ReadOptional(reading);
+  if (!moved) Store(nullptr, reading);
+  return moved;
 }
 
 bool UntpdKind::ValidateMnd(bool seen, bool parentIsElement) const {
@@ -352,6 +402,12 @@ bool UntpdKind::ValidateMnd(bool seen, bool parentIsElement) const {
 }
 
 }  // namespace detail
+
+CXmlElement* CElementInfoSeqCol::ReadItems(const CSerializationContext& context,
+                                           CXmlCollectionBase* collection, CXmlElement* parent,
+                                           CXmlElement* child) const {
+  return FromXml_Int(collection, parent, child, context, false);
+}
 
 CElementInfoSeqCol::CElementInfoSeqCol(const wchar* name, const wchar* namespaceUri,
                                        std::int32_t propertyIndex)
@@ -367,7 +423,7 @@ bool CElementInfoSeqCol::ElementFromXml(const CSerializationContext& context,
                                         CXmlElement** child, const wchar* /*defaultNamespace*/,
                                         XmlElementType parentType) {
   const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(owner);
-  *child = FromXml_Int(collection, parent, *child, context, false);
+  *child = ReadItems(context, collection, parent, *child);
   if (parentType != xet_Element) return collection->IsValidCount(context);
   collection->ValidateCount(context);
   return true;
@@ -391,6 +447,12 @@ bool CElementInfoAllCol::ElementFromXml(const CSerializationContext& context,
   return false;
 }
 
+CXmlElement* CElementInfoChoiceCol::ReadItems(const CSerializationContext& context,
+                                              CXmlCollectionBase* collection, CXmlElement* parent,
+                                              CXmlElement* child) const {
+  return FromXml_Int(collection, parent, child, context, false);
+}
+
 CElementInfoChoiceCol::CElementInfoChoiceCol(const wchar* name, const wchar* namespaceUri,
                                              std::int32_t propertyIndex)
     : CElementInfo(name, namespaceUri, propertyIndex) {}
@@ -406,7 +468,7 @@ bool CElementInfoChoiceCol::ElementFromXml(const CSerializationContext& context,
                                            CXmlElement** child, const wchar* /*defaultNamespace*/,
                                            XmlElementType parentType) {
   const CSmartPtr<CXmlCollectionBase> collection = ReadCollection(owner);
-  CXmlElement* next = FromXml_Int(collection, parent, *child, context, false);
+  CXmlElement* next = ReadItems(context, collection, parent, *child);
   if (next == *child) return false;
   if (parentType != xet_Element) {
     if (!collection->IsValidCount(context)) return false;

@@ -163,11 +163,19 @@ class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
   bool ReadSeqMnd(const Reading& reading) const;
   bool ReadSeqOpt(const Reading& reading) const;
   bool ReadAllMnd(const Reading& reading) const;
-  bool ReadAllOpt(const Reading& reading) const;
+  bool ReadAllOpt(const Reading& reading) const { return ReadOptional(reading); }
   bool ReadChoiceOpt(const Reading& reading) const;
   bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
+  CSmartPtr<CXmlObjectBase> Make(const Reading& reading) const;
+  /// Lets the object read the element at the cursor, if its name suits; gives the cursor behind
+  /// what it took.
+  CXmlElement* Read(CXmlObjectBase* object, const Reading& reading) const;
+  bool ReadOptional(const Reading& reading) const;
+  bool ReadMandatory(const Reading& reading) const;
+  void Store(CXmlObjectBase* object, const Reading& reading) const;
+
   WString m_anyNamespaces;
   WString m_targetNamespace;
 };
@@ -281,6 +289,12 @@ class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
   bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
                       CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
                       XmlElementType parentType) override;
+
+ protected:
+  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
+  virtual CXmlElement* ReadItems(const CSerializationContext& context,
+                                 CXmlCollectionBase* collection, CXmlElement* parent,
+                                 CXmlElement* child) const;
 };
 
 class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
@@ -301,6 +315,12 @@ class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
   bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
                       CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
                       XmlElementType parentType) override;
+
+ protected:
+  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
+  virtual CXmlElement* ReadItems(const CSerializationContext& context,
+                                 CXmlCollectionBase* collection, CXmlElement* parent,
+                                 CXmlElement* child) const;
 };
 
 namespace detail {
@@ -320,6 +340,19 @@ class ObjectCol : public GroupCol {
 
  private:
   XmlElementType m_elementType;
+};
+
+/// A repeated wildcard: under a fixed name the collection takes only elements of that name.
+template <class GroupCol>
+class UntpdCol : public GroupCol {
+ public:
+  using GroupCol::GroupCol;
+
+ protected:
+  CXmlElement* ReadItems(const CSerializationContext& context, CXmlCollectionBase* collection,
+                         CXmlElement* parent, CXmlElement* child) const override {
+    return this->UntpdColFromXml(context, collection, parent, child);
+  }
 };
 
 }  // namespace detail
@@ -355,7 +388,7 @@ class TOVIKXML_EXPORT CElementInfoSeqPrimCol       final : public CElementInfoSe
 class TOVIKXML_EXPORT CElementInfoSeqEnumCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
 class TOVIKXML_EXPORT CElementInfoSeqClsCol        final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
 class TOVIKXML_EXPORT CElementInfoSeqAbsClsCol     final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public CElementInfoSeqCol                       { using CElementInfoSeqCol::CElementInfoSeqCol; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public detail::UntpdCol<CElementInfoSeqCol>  { using UntpdCol::UntpdCol; };
 class TOVIKXML_EXPORT CElementInfoAllPrimCol       final : public CElementInfoAllCol                    { using CElementInfoAllCol::CElementInfoAllCol; };
 class TOVIKXML_EXPORT CElementInfoAllClsCol        final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
 class TOVIKXML_EXPORT CElementInfoAllAbsClsCol     final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
@@ -364,7 +397,7 @@ class TOVIKXML_EXPORT CElementInfoChoicePrimCol    final : public CElementInfoCh
 class TOVIKXML_EXPORT CElementInfoChoiceEnumCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
 class TOVIKXML_EXPORT CElementInfoChoiceClsCol     final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
 class TOVIKXML_EXPORT CElementInfoChoiceAbsClsCol  final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public CElementInfoChoiceCol                      { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public detail::UntpdCol<CElementInfoChoiceCol> { using UntpdCol::UntpdCol; };
 // clang-format on
 
 /// A repeated enumeration in an all group has no body and cannot be made.

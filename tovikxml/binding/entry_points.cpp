@@ -3,6 +3,7 @@
 #include "tovikxml/binding/object_base.h"
 #include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/binding/version_check.h"
+#include "tovikxml/collections/element.h"
 #include "tovikxml/document/binary_stream.h"
 #include "tovikxml/document/compression.h"
 #include "tovikxml/document/document.h"
@@ -74,11 +75,6 @@ void WriteJson(CTextStream& stream, bool formatted, EOLType eol,
   walk(&writer);
   writer.WriteEndDocument();
   writer.Close();
-}
-
-[[noreturn]] void ThrowUnsupported(const wchar* format) {
-  RequireGeneratorVersion();
-  throw CTovikException(WString(format) + u" is not supported by this version");
 }
 
 }  // namespace
@@ -235,9 +231,11 @@ void CXmlObjectBase::FromXmlStream(unsigned char* data, unsigned long length,
   FromXml_Int(&root, root.GetFirstElement(), context, false);
 }
 
-void CXmlObjectBase::FromXmlElement(const CElement* /*element*/,
-                                    const CSerializationContext& /*context*/) {
-  ThrowUnsupported(u"Open content");
+void CXmlObjectBase::FromXmlElement(const CElement* element, const CSerializationContext& context) {
+  RequireGeneratorVersion();
+  if (!element) throw CTovikInvalidParamException(u"The element to read from may not be NULL");
+  FromXml(element->ToXml(false, false, EOL_LF, CSerializationContext::GetDefaultContext()).c_str(),
+          context);
 }
 
 void CXmlObjectBase::FromXmlElement(const CXmlElement* element,

@@ -9,22 +9,11 @@
 #include "tovikxml/document/namespace_rule.h"
 
 namespace TovikXmlLib16 {
-namespace {
-
-// The namespace of new attributes: the one given, else the first URI of the restriction.
-WString NamespaceOfNew(const wchar* namespaceUri, const wchar* restriction) {
-  const WStringView given = ViewOf(namespaceUri);
-  if (!given.empty()) return WString(given);
-  const WStringView first = FirstToken(ViewOf(restriction));
-  const bool isUri = first.size() >= 2 && first[0] != u'#' && first[1] != u'#';
-  return isUri ? WString(first) : WString();
-}
-
-}  // namespace
 
 CAttributeCol::CAttributeCol(const wchar* namespaceUri, const wchar* restriction,
                              const wchar* targetNamespace)
-    : CXmlCollection(u"", NamespaceOfNew(namespaceUri, restriction).c_str(), 0, -1),
+    : CXmlCollection(u"", NamespaceOfNewItems(ViewOf(namespaceUri), ViewOf(restriction)).c_str(), 0,
+                     -1),
       CInstanceMonitor(u"CAttributeCol"),
       m_restriction(ViewOf(restriction)),
       m_targetNamespace(ViewOf(targetNamespace)) {}

@@ -1,2 +1,3 @@
-tovikxml_sources(collections attribute attribute_col collection collection_base type_collection
+tovikxml_sources(collections attribute attribute_col collection collection_base element
+                 element_col type_collection
                  typed_collections)

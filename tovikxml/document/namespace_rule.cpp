@@ -31,6 +31,13 @@ WStringView FirstToken(WStringView list) {
   return TakeToken(list);
 }
 
+WString NamespaceOfNewItems(WStringView given, WStringView restriction) {
+  if (!given.empty()) return WString(given);
+  const WStringView first = FirstToken(restriction);
+  const bool isUri = first.size() >= 2 && first[0] != u'#' && first[1] != u'#';
+  return isUri ? WString(first) : WString();
+}
+
 bool IsNamespaceAllowed(WStringView namespaceUri, WStringView allowed,
                         WStringView targetNamespace) {
   WStringView token = TakeToken(allowed);

@@ -9,6 +9,10 @@ namespace TovikXmlLib16 {
 /// The first blank-separated token of a list; empty if there is none.
 WStringView FirstToken(WStringView list);
 
+/// The namespace that a list of open content gives to new items: the one given to it; if that is
+/// empty, the first URI of its restriction, but never a keyword.
+WString NamespaceOfNewItems(WStringView given, WStringView restriction);
+
 /// Whether a wildcard lets a namespace pass. `allowed` is a blank-separated list; the tokens and
 /// what each lets pass:
 ///
