@@ -49,13 +49,35 @@ class CGreeting : public CXmlGeneratedClass {
 
 }  // namespace
 
+// What an application reaches beside its classes must be exported too.
+bool ValuesWork() {
+  const CDecimal total = CDecimal(u"0.1") + CDecimal(u"0.2");
+  const CDateTime date(2024, 2, 29);
+  const CSmartPtr<CdecimalCol> list(new CdecimalCol(u"d", u"", 0, -1, u"", -1, -1, u"", u"", u"",
+                                                    u"", -1, -1, -1, CWhitespaceUtils::ws_collapse,
+                                                    u""));
+  list->Add(total);
+  CNamespaceAliasMap aliases;
+  aliases.Add(u"p", u"urn:p");
+  CXmlDocument document;
+  document.LoadXml("<a><b/></a>");
+  const CSmartPtr<CAttributeCol> attributes(new CAttributeCol(u"", u"##any", u""));
+  attributes->Add(u"name");
+  return list->Item(0) == CDecimal(u"0.3") && date.ToString() == u"2024-02-29" &&
+         aliases.DoesAliasExist(u"p") &&
+         document.GetDocumentElement()->GetFirstElement()->GetXPath() == u"/a/b" &&
+         TovikVariant().IsValid() == false;
+}
+
 int main() {
   SetGeneratorVersion(16, 1);
+  if (!ValuesWork()) return 1;
   const CSerializationContext context;
   const CSmartPtr<CGreeting> greeting(new CGreeting);
   greeting->FromXml("<greeting><text>Hello</text></greeting>", context);
   greeting->text += u", world";
   const WString xml = greeting->ToXml(false, false, EOL_LF, context);
+  greeting->FromJson(greeting->ToJson(false, EOL_LF, context).c_str(), context);
   std::cout << DisplayUtf8(xml) << '\n';
   try {
     greeting->FromXml("<greeting/>", context);
