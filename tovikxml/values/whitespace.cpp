@@ -61,7 +61,15 @@ bool NeedsReplacing(WStringView text) {
   return false;
 }
 
+bool HasBlankOrControl(WStringView text) {
+  for (const wchar unit : text) {
+    if (unit <= u' ') return true;
+  }
+  return false;
+}
+
 bool NeedsCollapsing(WStringView text) {
+  if (!HasBlankOrControl(text)) return false;
   bool blankBefore = true;
   for (const wchar unit : text) {
     const bool blank = unit == u' ';
