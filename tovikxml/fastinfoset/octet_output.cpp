@@ -9,6 +9,18 @@
 #include "tovikxml/document/utf_conversion.h"
 
 namespace TovikXmlLib16 {
+namespace {
+
+// Up to here a plain loop beats the blocks of the conversion.
+constexpr std::size_t kShortText = 16;
+
+bool IsAscii(WStringView text) {
+  wchar all = 0;
+  for (const wchar unit : text) all = static_cast<wchar>(all | unit);
+  return all < 0x80;
+}
+
+}  // namespace
 
 void CFIOctetOutput::PutOctets(const void* data, std::size_t length) {
   if (length > m_buffer.size() - m_used) Flush();
@@ -37,6 +49,14 @@ void CFIOctetOutput::PutString(const FILengthCode& code, unsigned bits, const vo
 }
 
 void CFIOctetOutput::PutText(const FILengthCode& code, unsigned bits, WStringView text) {
+  if (text.size() <= kShortText && IsAscii(text)) {
+    PutLength(code, bits, text.size());
+    if (text.size() > m_buffer.size() - m_used) Flush();
+    unsigned char* out = m_buffer.data() + m_used;
+    for (const wchar unit : text) *out++ = static_cast<unsigned char>(unit);
+    m_used += text.size();
+    return;
+  }
   const auto length = Utf8Length(text);
   if (!length) RefuseUnpairedSurrogate();
   PutLength(code, bits, *length);

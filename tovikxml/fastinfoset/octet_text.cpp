@@ -36,7 +36,8 @@ bool IsPlain(CFIOctetInput::Octets octets) {
 void AppendWidened(WString& out, CFIOctetInput::Octets octets) {
   const std::size_t old = out.size();
   out.resize(old + octets.length);
-  for (std::size_t i = 0; i < octets.length; ++i) out[old + i] = octets.data[i];
+  wchar* units = out.data() + old;
+  for (std::size_t i = 0; i < octets.length; ++i) units[i] = octets.data[i];
 }
 
 bool HasUnpairedSurrogate(WStringView text) {

@@ -46,6 +46,7 @@ constexpr FIValuePlace kCharacterChunk{kFIStringBit5, kFIIndexBit4, 0xA0,
 // The octets of a literal name: with a prefix and namespace, with a namespace, with neither.
 struct CFastInfosetWriter::NameForm {
   CFIIndexedNames CFITables::*names;
+  CFINameMemory CFastInfosetWriter::*memory;
   const FIIndexCode& index;
   unsigned prefixed;
   unsigned inNamespace;
@@ -56,9 +57,14 @@ struct CFastInfosetWriter::NameForm {
 };
 
 const CFastInfosetWriter::NameForm CFastInfosetWriter::NameForm::kElement{
-    &CFITables::elementNames, kFIIndexBit3, 0x3F, 0x3D, 0x3C};
+    &CFITables::elementNames, &CFastInfosetWriter::m_elementNames, kFIIndexBit3, 0x3F, 0x3D, 0x3C};
 const CFastInfosetWriter::NameForm CFastInfosetWriter::NameForm::kAttribute{
-    &CFITables::attributeNames, kFIIndexBit2, 0x7B, 0x79, 0x78};
+    &CFITables::attributeNames,
+    &CFastInfosetWriter::m_attributeNames,
+    kFIIndexBit2,
+    0x7B,
+    0x79,
+    0x78};
 
 CFastInfosetWriter::CFastInfosetWriter(const CFastInfosetContext& context, CBinaryStream* stream)
     : CXmlWriter(u"CFastInfosetWriter"),
@@ -236,11 +242,15 @@ void CFastInfosetWriter::WriteIdentifyingString(CFIIndexedStrings& table, const 
 void CFastInfosetWriter::WriteQualifiedName(const NameForm& form, unsigned bits,
                                             const WString& prefix, const WString& namespaceUri,
                                             const WString& localName) {
+  CFINameMemory& memory = this->*form.memory;
+  std::uint32_t index = memory.Recall(prefix, namespaceUri, localName);
+  if (index != 0) return m_output.PutIndex(form.index, bits, index);
   CFIIndexedNames& names = m_tables.*form.names;
   CFINameKey key = m_tables.FindName(prefix, namespaceUri, localName);
-  if (key.isComplete) {
-    const std::uint32_t index = names.Find(key);
-    if (index != 0) return m_output.PutIndex(form.index, bits, index);
+  if (key.isComplete) index = names.Find(key);
+  if (index != 0) {
+    memory.Remember(index, prefix, namespaceUri, localName);
+    return m_output.PutIndex(form.index, bits, index);
   }
   const unsigned literal = !prefix.empty()         ? form.prefixed
                            : !namespaceUri.empty() ? form.inNamespace

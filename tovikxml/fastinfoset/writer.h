@@ -4,6 +4,7 @@
 #include "tovikxml/document/writer.h"
 #include "tovikxml/fastinfoset/context.h"
 #include "tovikxml/fastinfoset/declaration.h"
+#include "tovikxml/fastinfoset/name_memory.h"
 #include "tovikxml/fastinfoset/octet_output.h"
 
 namespace TovikXmlLib16 {
@@ -84,6 +85,8 @@ class CFastInfosetWriter : public CXmlWriter {
   const CFastInfosetContext& m_context;
   CFIVocabulary m_vocabulary;
   CFITables& m_tables;
+  CFINameMemory m_elementNames;
+  CFINameMemory m_attributeNames;
   bool m_isHeaderPending = false;      // of the current element
   bool m_isTerminatorPending = false;  // of the element that ended last
 };
