@@ -63,10 +63,16 @@ Work WriteObjects(std::string& text, const wchar* namespaceUri) {
 }
 
 template <class Root>
+CSmartPtr<Root> ReadRoot(std::string& text) {
+  CSmartPtr<Root> root(new Root);
+  root->FromXmlStream(BytesOf(text), text.size(), CSerializationContext::GetDefaultContext());
+  return root;
+}
+
+template <class Root>
 Work WriteJson(std::string& text) {
-  const CSmartPtr<Root> root(new Root);
+  const CSmartPtr<Root> root = ReadRoot<Root>(text);
   const CSerializationContext& context = CSerializationContext::GetDefaultContext();
-  root->FromXmlStream(BytesOf(text), text.size(), context);
   return [root, &context] {
     root->ToJsonStream(true, Encoding_UTF8, EOL_LF, context, Compression_None);
   };
@@ -74,14 +80,46 @@ Work WriteJson(std::string& text) {
 
 template <class Root>
 Work ReadJson(std::string& text) {
-  const CSmartPtr<Root> root(new Root);
+  const CSmartPtr<Root> root = ReadRoot<Root>(text);
   const CSerializationContext& context = CSerializationContext::GetDefaultContext();
-  root->FromXmlStream(BytesOf(text), text.size(), context);
   const CBinaryData json =
       root->ToJsonStream(true, Encoding_UTF8, EOL_LF, context, Compression_None);
   return [json, &context] {
     const CSmartPtr<Root> copy(new Root);
     copy->FromJsonStream(json, context);
+  };
+}
+
+CSerializationContext FastInfosetContext(bool suggested) {
+  CSerializationContext context;
+  if (suggested) context.GetFIContext().SetSuggestedValues();
+  return context;
+}
+
+template <class Root>
+Work WriteFastInfoset(std::string& text, bool suggested) {
+  return [root = ReadRoot<Root>(text), context = FastInfosetContext(suggested)] {
+    root->ToFastInfosetStream(fid_None, context, Compression_None);
+  };
+}
+
+template <class Root>
+Work ReadFastInfoset(std::string& text, bool suggested) {
+  const CBinaryData infoset = ReadRoot<Root>(text)->ToFastInfosetStream(
+      fid_None, FastInfosetContext(suggested), Compression_None);
+  std::cerr << infoset.GetLength() << " octets\n";
+  return [infoset] {
+    const CSmartPtr<Root> copy(new Root);
+    copy->FromXmlStream(infoset, CSerializationContext::GetDefaultContext());
+  };
+}
+
+Work FastInfosetTree(std::string& text) {
+  const CBinaryData infoset = ReadRoot<Orders::COrderList>(text)->ToFastInfosetStream(
+      fid_None, FastInfosetContext(false), Compression_None);
+  return [infoset] {
+    CXmlDocument document;
+    document.LoadXmlStream(infoset.GetData(), infoset.GetLength());
   };
 }
 
@@ -113,6 +151,11 @@ Work MakeWork(const std::string& name, std::string& text) {
       {"orders-write", [&] { return WriteObjects<COrderList>(text, kOrders); }},
       {"orders-json-write", [&] { return WriteJson<COrderList>(text); }},
       {"orders-json-read", [&] { return ReadJson<COrderList>(text); }},
+      {"fi-tree", [&] { return FastInfosetTree(text); }},
+      {"fi-read", [&] { return ReadFastInfoset<COrderList>(text, false); }},
+      {"fi-read-suggested", [&] { return ReadFastInfoset<COrderList>(text, true); }},
+      {"fi-write", [&] { return WriteFastInfoset<COrderList>(text, false); }},
+      {"fi-write-suggested", [&] { return WriteFastInfoset<COrderList>(text, true); }},
       {"mime-read", [&] { return ReadObjects<CMimeInfo>(text); }},
       {"mime-bind", [&] { return WalkTree<CMimeInfo>(text); }},
       {"mime-write", [&] { return WriteObjects<CMimeInfo>(text, kMime); }},

@@ -54,6 +54,16 @@ const CSerializationContext& Settings() {
   return context;
 }
 
+// The same with the compact encodings of Fast Infoset for numbers, dates and the like.
+const CSerializationContext& SuggestedValues() {
+  static const CSerializationContext context = [] {
+    CSerializationContext settings(Settings());
+    settings.GetFIContext().SetSuggestedValues();
+    return settings;
+  }();
+  return context;
+}
+
 WString CanonicalText(const CMimeInfo& info) {
   return info.ToXml(false, false, EOL_LF, Settings());
 }
@@ -143,6 +153,9 @@ class Carriers {
          [this](CMimeInfo& info) { info.FromJson(m_text.c_str(), Settings()); }},
         JsonFile("JSON file, UTF-8", Compression_None),
         JsonFile("JSON file, gzip", Compression_GZip),
+        FastInfosetFile("Fast Infoset file", Settings(), Compression_None),
+        FastInfosetFile("Fast Infoset, suggested values", SuggestedValues(), Compression_None),
+        FastInfosetFile("Fast Infoset file, gzip", Settings(), Compression_GZip),
     };
   }
 
@@ -171,6 +184,18 @@ class Carriers {
               return std::filesystem::file_size(path);
             },
             [=](CMimeInfo& info) { info.FromJsonFile(file.c_str(), Settings()); }};
+  }
+
+  Carrier FastInfosetFile(const char* name, const CSerializationContext& context,
+                          CompressionType compression) {
+    const std::filesystem::path path = m_folder / "mime.finf";
+    const WString file = path.u16string();
+    return {name,
+            [=, this, &context] {
+              m_info.ToFastInfosetFile(file.c_str(), fid_None, context, compression);
+              return std::filesystem::file_size(path);
+            },
+            [=](CMimeInfo& info) { info.FromXmlFile(file.c_str(), Settings()); }};
   }
 
   Carrier File(const char* name, XmlEncoding encoding, CompressionType compression,

@@ -51,6 +51,20 @@ int main() {
   copy->FromXml(xml.c_str(), context);
   if (copy->ToXml(true, true, EOL_LF, context) != xml) return 1;
 
+  // The same objects in the other formats.
+  const WString json = copy->ToJson(false, EOL_LF, context);
+  const CBinaryData infoset = copy->ToFastInfosetStream(fid_None, context, Compression_None);
+  CSerializationContext compact(context);
+  compact.GetFIContext().SetSuggestedValues();
+  const CBinaryData small = copy->ToFastInfosetStream(fid_None, compact, Compression_None);
+  copy->FromJson(json.c_str(), context);
+  if (copy->ToXml(true, true, EOL_LF, context) != xml) return 1;
+  copy->FromXmlStream(small, compact);
+  if (copy->ToXml(true, true, EOL_LF, context) != xml) return 1;
+  std::cout << "XML " << xml.size() << " characters, JSON " << json.size()
+            << " characters, Fast Infoset " << infoset.GetLength()
+            << " octets, with suggested values " << small.GetLength() << "\n\n";
+
   try {
     WString faulty = xml;
     faulty.replace(faulty.find(u">4<"), 3, u">four<");
