@@ -33,12 +33,17 @@ CXmlWriter::CXmlWriterContext::~CXmlWriterContext() {
 }
 
 const WString* CXmlWriter::CXmlWriterContext::FindAlias(const WString& namespaceUri) const {
+  const auto* last = m_scope->lastFound;
+  if (last && EqualText(last->first, namespaceUri)) return &last->second;
   const auto entry = m_scope->aliases.find(namespaceUri);
-  return entry == m_scope->aliases.end() ? nullptr : &entry->second;
+  if (entry == m_scope->aliases.end()) return nullptr;
+  m_scope->lastFound = &*entry;
+  return &entry->second;
 }
 
 const WString& CXmlWriter::CXmlWriterContext::GetAlias(const WString& namespaceUri) const {
-  return m_scope->aliases[namespaceUri];
+  const WString* alias = FindAlias(namespaceUri);
+  return alias ? *alias : m_scope->aliases[namespaceUri];
 }
 
 void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const WString& uri) {
@@ -55,6 +60,7 @@ void CXmlWriter::CXmlWriterContext::MakeOwnScope() {
   if (m_ownScope) return;
   m_ownScope = m_scope ? std::make_unique<Scope>(*m_scope) : std::make_unique<Scope>();
   m_scope = m_ownScope.get();
+  m_scope->lastFound = nullptr;
 }
 
 CXmlWriter::CXmlWriter(const wchar* className) : CInstanceMonitor(className) {

@@ -72,6 +72,8 @@ class TOVIKXML_EXPORT CXmlWriter : public CInstanceMonitor {
   struct Scope {
     WString defaultNamespace;
     AliasMap aliases;
+    /// The entry that was looked up last, since namespaces repeat; null if there is none.
+    const AliasMap::value_type* lastFound = nullptr;
   };
 
   /// One open element.

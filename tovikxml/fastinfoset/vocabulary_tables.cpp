@@ -44,7 +44,7 @@ Part AddPart(CFIIndexedStrings& table, WString text, std::uint32_t known) {
 }  // namespace
 
 std::uint32_t CFIIndexedStrings::Find(WStringView text) {
-  if (m_count == 0) return 0;
+  if (m_count == 0 || text.size() > m_longest) return 0;
   if (m_last.index != 0 && EqualText(m_table.m_strings[m_last.position], text)) return m_last.index;
   const Slot& slot = SlotOf(text, HashOf(text));
   if (slot.index != 0) m_last = slot;
@@ -57,6 +57,7 @@ std::uint32_t CFIIndexedStrings::Add(WString text) {
   const std::uint32_t hash = HashOf(text);
   Slot& slot = SlotOf(text, hash);
   if (slot.index == 0) slot = {hash, ++m_count, GetSize()};
+  m_longest = std::max(m_longest, text.size());
   m_table.m_strings.push_back(std::move(text));
   return slot.index;
 }

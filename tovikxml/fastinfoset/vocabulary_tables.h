@@ -37,6 +37,7 @@ class CFIIndexedStrings {
   CFIVocabulary::CFIStringTable m_table;
   std::vector<Slot> m_slots;
   std::uint32_t m_count = 0;  // strings with an index of their own
+  std::size_t m_longest = 0;  // longer strings need not be looked for
   Slot m_last;                // what was found last, since namespaces and prefixes repeat
 };
 
