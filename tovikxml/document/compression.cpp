@@ -52,9 +52,9 @@ class DeflateStream {
 
 class InflateStream {
  public:
-  explicit InflateStream(const ByteArray& input) {
-    m_stream.next_in = input.data.get();
-    m_stream.avail_in = input.length;
+  InflateStream(const unsigned char* data, std::uint32_t length) {
+    m_stream.next_in = const_cast<unsigned char*>(data);  // zlib does not write to it
+    m_stream.avail_in = length;
     m_initCode = inflateInit2(&m_stream, kAnyWindowBits);
   }
   InflateStream(const InflateStream&) = delete;
@@ -87,10 +87,22 @@ ByteArray Compressed(const unsigned char* data, std::uint32_t length, Compressio
   throw CTovikException(FormatString(u"Failed to compress data. [Error Code: %d]", code));
 }
 
-// Nothing unless the input begins with a complete compressed stream.
-std::optional<CBinaryData> Decompressed(const ByteArray& input, std::uint64_t limit) {
+}  // namespace
+
+void CompressData(ByteArray& buffer, CompressionType type) {
+  if (IsCompression(type)) buffer = Compressed(buffer.data.get(), buffer.length, type);
+}
+
+void CompressBinaryData(CBinaryData& data, CompressionType type) {
+  if (!IsCompression(type) || data.GetLength() == 0) return;
+  const auto length = static_cast<std::uint32_t>(data.GetLength());
+  data = ToBinaryData(Compressed(data.GetData(), length, type));
+}
+
+std::optional<CBinaryData> TryDecompress(const unsigned char* data, std::uint32_t length,
+                                         std::uint64_t limit) {
   ByteArray work = NewByteArray(kWorkSize);
-  InflateStream stream(input);
+  InflateStream stream(data, length);
   CBinaryData output;
   while (true) {
     const int code = stream.Next(work);
@@ -104,20 +116,8 @@ std::optional<CBinaryData> Decompressed(const ByteArray& input, std::uint64_t li
   }
 }
 
-}  // namespace
-
-void CompressData(ByteArray& buffer, CompressionType type) {
-  if (IsCompression(type)) buffer = Compressed(buffer.data.get(), buffer.length, type);
-}
-
-void CompressBinaryData(CBinaryData& data, CompressionType type) {
-  if (!IsCompression(type) || data.GetLength() == 0) return;
-  const auto length = static_cast<std::uint32_t>(data.GetLength());
-  data = ToBinaryData(Compressed(data.GetData(), length, type));
-}
-
 void DecompressData(ByteArray& buffer, std::uint64_t limit) {
-  std::optional<CBinaryData> result = Decompressed(buffer, limit);
+  std::optional<CBinaryData> result = TryDecompress(buffer.data.get(), buffer.length, limit);
   if (result) buffer = TakeBytes(*result);
 }
 

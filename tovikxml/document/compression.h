@@ -2,6 +2,7 @@
 #define TOVIKXML_DOCUMENT_COMPRESSION_H_
 
 #include <cstdint>
+#include <optional>
 
 #include "tovikxml/document/byte_array.h"
 #include "tovikxml/document/encoding.h"
@@ -21,12 +22,16 @@ void CompressData(ByteArray& buffer, CompressionType type);
 /// The same; empty data stays empty.
 void CompressBinaryData(CBinaryData& data, CompressionType type);
 
-/// Replaces the bytes by their decompressed form if they begin with a complete gzip or zlib stream,
-/// whose wrapper tells which; bytes behind it are dropped. Anything else, plain text as much as a
-/// cut or damaged stream, stays as it was and is no error.
+/// The decompressed form of bytes that begin with a complete gzip or zlib stream, whose wrapper
+/// tells which; bytes behind it are dropped. Nothing for all else, plain text as much as a cut or
+/// damaged stream.
 ///
 /// Raises `CTovikException` "The decompressed data exceeds the limit of %llu bytes" as soon as
 /// there is more than the limit, at a cost in memory in proportion to the limit.
+std::optional<CBinaryData> TryDecompress(const unsigned char* data, std::uint32_t length,
+                                         std::uint64_t limit);
+
+/// Replaces the bytes by what `TryDecompress` gives, if it gives something.
 void DecompressData(ByteArray& buffer, std::uint64_t limit = kDefaultMaxDecompressedSize);
 
 }  // namespace TovikXmlLib16

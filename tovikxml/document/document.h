@@ -2,6 +2,7 @@
 #define TOVIKXML_DOCUMENT_DOCUMENT_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <utility>
@@ -193,9 +194,10 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   void BindAlias(WString prefix, WString uri) { m_aliases[std::move(prefix)] = std::move(uri); }
   void RemoveLastChildElement(const OpenElement& ended);
 
-  void Parse(ByteArray input);
-  bool ParseFastInfoset(const ByteArray& input);
-  void ParseText(const ByteArray& input);
+  void Parse(const unsigned char* data, std::size_t length);
+  void ParseExpanded(const unsigned char* data, std::size_t length);
+  bool ParseFastInfoset(const unsigned char* data, std::uint32_t length);
+  void ParseText(const unsigned char* data, std::size_t length);
   CBinaryData ParseJson(ByteArray input);
   static ByteArray ReadWhole(const wchar* fileName);
   void LoadOverlapped(const wchar* fileName);

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <cstring>
+#include <limits>
+#include <optional>
 #include <utility>
 
 #include "tovikxml/base/exception.h"
@@ -37,10 +39,12 @@ void OpenFile(CInputFile& file, const wchar* fileName) {
       FormatString(u"Failed to read the contents of the file. Error [0x%08x]", error));
 }
 
-ByteArray CopyOfBytes(const void* data, std::size_t length) {
-  ByteArray copy = NewByteArray(length);
-  std::memcpy(copy.data.get(), data, length);
-  return copy;
+std::uint32_t CheckedLength(std::size_t length) {
+  if (length > std::numeric_limits<std::uint32_t>::max()) {
+    throw CTovikException(
+        FormatString(u"Binary data is too long [%llu]", static_cast<unsigned long long>(length)));
+  }
+  return static_cast<std::uint32_t>(length);
 }
 
 // The text as UTF-16, low byte first, behind the byte order mark that tells the parser so.
@@ -63,7 +67,8 @@ void CXmlDocument::Load(const wchar* fileName) {
   if (IsAsyncFromXmlFile()) {
     LoadOverlapped(fileName);
   } else {
-    Parse(ReadWhole(fileName));
+    const ByteArray input = ReadWhole(fileName);
+    Parse(input.data.get(), input.length);
   }
 }
 
@@ -71,37 +76,46 @@ void CXmlDocument::LoadXmlStream(const unsigned char* data, unsigned long length
   Cleanup();
   if (length == 0) throw CTovikException(u"XML Stream is empty!");
   if (!data) throw CTovikInvalidParamException(u"The XML stream has a length but no data");
-  Parse(CopyOfBytes(data, length));
+  Parse(data, length);
 }
 
 void CXmlDocument::LoadXml(const char* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"XML String is empty!");
-  ParseText(CopyOfBytes(text, std::strlen(text)));
+  ParseText(reinterpret_cast<const unsigned char*>(text), std::strlen(text));
 }
 
 void CXmlDocument::LoadXml(const wchar* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"XML String is empty!");
-  ParseText(MarkedUtf16(text));
+  const ByteArray input = MarkedUtf16(text);
+  ParseText(input.data.get(), input.length);
 }
 
-// Compressed bytes are recognised by the attempt to decompress them.
-void CXmlDocument::Parse(ByteArray input) {
-  DecompressData(input, m_context->GetMaxDecompressedSize());
-  if (!ParseFastInfoset(input)) ParseText(input);
+// The bytes are parsed where they are, but for compressed ones, which are recognised by the attempt
+// to decompress them.
+void CXmlDocument::Parse(const unsigned char* data, std::size_t size) {
+  const std::uint32_t length = CheckedLength(size);
+  const std::optional<CBinaryData> expanded =
+      TryDecompress(data, length, m_context->GetMaxDecompressedSize());
+  if (expanded) return ParseExpanded(expanded->GetData(), expanded->GetLength());
+  ParseExpanded(data, length);
+}
+
+void CXmlDocument::ParseExpanded(const unsigned char* data, std::size_t length) {
+  if (!ParseFastInfoset(data, static_cast<std::uint32_t>(length))) ParseText(data, length);
 }
 
 // The settings are asked for only where the first octets fit, since they may have to be made.
-bool CXmlDocument::ParseFastInfoset(const ByteArray& input) {
-  if (!CFastInfosetReader::IsFastInfoset(input.data.get(), input.length)) return false;
-  return CFastInfosetReader(m_context->GetFIContext(), *this).Read(input.data.get(), input.length);
+bool CXmlDocument::ParseFastInfoset(const unsigned char* data, std::uint32_t length) {
+  if (!CFastInfosetReader::IsFastInfoset(data, length)) return false;
+  return CFastInfosetReader(m_context->GetFIContext(), *this).Read(data, length);
 }
 
-void CXmlDocument::ParseText(const ByteArray& input) {
+void CXmlDocument::ParseText(const unsigned char* data, std::size_t length) {
   CExpatReader reader(this);
   reader.Create();
-  reader.ParseBuffer(input.data.get(), input.length, true);
+  reader.ParseBuffer(data, length, true);
 }
 
 ByteArray CXmlDocument::ReadWhole(const wchar* fileName) {
