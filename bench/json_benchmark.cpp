@@ -23,7 +23,9 @@ using Orders::COrderList;
 
 namespace {
 
-const CSerializationContext& Context() { return CSerializationContext::GetDefaultContext(); }
+const CSerializationContext& Context() {
+  return CSerializationContext::GetDefaultContext();
+}
 
 CSmartPtr<COrderList> ReadOrders() {
   const std::string& xml = TovikXmlBench::OrdersDocument();
