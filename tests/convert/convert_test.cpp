@@ -1,0 +1,269 @@
+// Drives tovikxml-convert as a user does: by its command line, files and pipes.
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/support/temp_dir.h"
+#include "tovikxml/tovikxml.h"
+
+namespace {
+
+using namespace TovikXmlLib16;
+using TovikXmlTest::TempDir;
+
+constexpr const char* kMimeDatabase = "/usr/share/mime/packages/freedesktop.org.xml";
+
+const std::string kOrder =
+    "<o:order xmlns:o='urn:orders' xmlns:q='urn:types' xmlns:xsi="
+    "'http://www.w3.org/2001/XMLSchema-instance' id='007' xsi:type='q:Rush'>"
+    "<o:item q:sku='1200345.50'>a &lt; b</o:item><o:item/><o:item>\xC3\xA9\xF0\x9F\x98\x80</o:item>"
+    "<note xml:lang='en'>2024-02-29</note><o:item>true</o:item>"
+    "<f:x xmlns:f='urn:foreign'><f:y f:z=''>1234567890123</f:y></f:x></o:order>";
+
+struct Result {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+std::string Contents(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << file.rdbuf();
+  return bytes.str();
+}
+
+void Store(const std::filesystem::path& path, const std::string& bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+// Whether both hold the same elements, attributes and texts, but for blanks between elements.
+void ExpectSameTree(const CXmlElement& a, const CXmlElement& b) {
+  const auto isBlank = [](const WString& text) {
+    return text.find_first_not_of(u" \t\r\n") == WString::npos;
+  };
+  const std::string path = DisplayUtf8(a.GetXPath());
+  ASSERT_EQ(a.GetLocalName(), b.GetLocalName()) << path;
+  ASSERT_EQ(a.GetNamespaceURI(), b.GetNamespaceURI()) << path;
+  const bool areBothBlank = isBlank(a.GetText()) && isBlank(b.GetText());
+  ASSERT_TRUE(areBothBlank || a.GetText() == b.GetText()) << path;
+  ASSERT_EQ(a.GetAttributes().size(), b.GetAttributes().size()) << path;
+  for (std::size_t i = 0; i < a.GetAttributes().size(); ++i) {
+    const CXmlAttribute& attribute = *a.GetAttributes()[i];
+    ASSERT_EQ(attribute.GetLocalName(), b.GetAttributes()[i]->GetLocalName()) << path;
+    ASSERT_EQ(attribute.GetNamespaceURI(), b.GetAttributes()[i]->GetNamespaceURI()) << path;
+    ASSERT_EQ(attribute.GetValue(), b.GetAttributes()[i]->GetValue()) << path;
+  }
+  const CXmlElement* childOfA = a.GetFirstElement();
+  const CXmlElement* childOfB = b.GetFirstElement();
+  for (; childOfA && childOfB;
+       childOfA = childOfA->GetNextSiblingElement(), childOfB = childOfB->GetNextSiblingElement()) {
+    ASSERT_NO_FATAL_FAILURE(ExpectSameTree(*childOfA, *childOfB));
+  }
+  ASSERT_TRUE(!childOfA && !childOfB) << "number of children of " << path;
+}
+
+void ExpectSameDocument(const std::string& a, const std::string& b) {
+  CXmlDocument first;
+  first.LoadXmlStream(reinterpret_cast<const unsigned char*>(a.data()), a.size());
+  CXmlDocument second;
+  second.LoadXmlStream(reinterpret_cast<const unsigned char*>(b.data()), b.size());
+  ExpectSameTree(*first.GetDocumentElement(), *second.GetDocumentElement());
+}
+
+class Convert : public testing::Test {
+ protected:
+  std::string Path(const char* name) const { return (m_dir.Path() / name).string(); }
+
+  Result Run(const std::string& arguments, const std::string& input = "") const {
+    Store(Path("stdin"), input);
+    return Shell(TOVIKXML_CONVERT " " + arguments + " <'" + Path("stdin") + "'");
+  }
+
+  Result Shell(const std::string& command) const {
+    const std::string line = command + " >'" + Path("stdout") + "' 2>'" + Path("stderr") + "'";
+    const int status = std::system(line.c_str());
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Contents(Path("stdout")),
+            Contents(Path("stderr"))};
+  }
+
+  // Takes a document through outputs with these options, one after the other.
+  std::string Through(const std::vector<std::string>& steps, std::string document) const {
+    for (const std::string& step : steps) {
+      const Result result = Run(step, document);
+      EXPECT_EQ(result.status, 0) << step << ": " << result.err;
+      EXPECT_EQ(result.err, "") << step;
+      document = result.out;
+    }
+    return document;
+  }
+
+  void ExpectFailure(const std::string& arguments, const std::string& input, int status,
+                     const std::string& message) const {
+    const Result result = Run(arguments, input);
+    EXPECT_EQ(result.status, status) << arguments;
+    EXPECT_EQ(result.out, "") << arguments;
+    EXPECT_NE(result.err.find(message), std::string::npos) << arguments << ": " << result.err;
+  }
+
+  TempDir m_dir;
+};
+
+TEST_F(Convert, KeepsADocumentInEveryDirection) {
+  const std::vector<std::string> forms = {"-t xml",
+                                          "-t xml -e utf-16",
+                                          "-t xml -p",
+                                          "-t fi",
+                                          "-t fi --suggested-values",
+                                          "-t json",
+                                          "-t json -p --indent tab",
+                                          "-t json --typed",
+                                          "-t json -e utf-16"};
+  for (const std::string& first : forms) {
+    for (const std::string& second : forms) {
+      SCOPED_TRACE(first + ", " + second);
+      ExpectSameDocument(kOrder, Through({first, second, "-t xml"}, kOrder));
+    }
+  }
+}
+
+TEST_F(Convert, ReadsCompressedInputOfEveryFormat) {
+  std::string large = kOrder;
+  large.insert(large.rfind("</"), "<t>" + std::string(2000, 'x') + "</t>");
+  for (const std::string form : {"-t xml", "-t xml -e utf-16", "-t fi", "-t json"}) {
+    for (const std::string compression : {" -z gzip", " --compress=zlib"}) {
+      SCOPED_TRACE(form + compression);
+      const std::string packed = Through({form + compression}, large);
+      EXPECT_LT(packed.size(), large.size() / 2);
+      ExpectSameDocument(large, Through({"-t xml"}, packed));
+    }
+  }
+}
+
+TEST_F(Convert, KeepsThePrefixesOfTheSource) {
+  const std::string written = Through({"-t fi", "-t json", "-t xml"}, kOrder);
+  EXPECT_NE(written.find("<o:order "), std::string::npos) << written;
+  EXPECT_NE(written.find("xmlns:q=\"urn:types\""), std::string::npos) << written;
+  EXPECT_NE(written.find("<f:y "), std::string::npos) << written;
+  const std::string plain = "<a xmlns='urn:a' type='s:int' xmlns:s='urn:s'><b/></a>";
+  const std::string kept = Through({"-t xml"}, plain);
+  EXPECT_NE(kept.find("<a xmlns=\"urn:a\" xmlns:s=\"urn:s\" type="), std::string::npos) << kept;
+}
+
+TEST_F(Convert, FindsPrefixesWhereTheSourceIsAmbiguous) {
+  for (const std::string document : {
+           "<a xmlns='urn:a'><b xmlns=''/></a>",
+           "<a><b xmlns='urn:b'><c xmlns=''/></b></a>",
+           "<p:a xmlns:p='urn:1'><p:b xmlns:p='urn:2' p:c='1'/></p:a>",
+           "<a xmlns='urn:a' xmlns:ns1='urn:x' v='ns1:y'><b xmlns='urn:b'/></a>",
+           "<a xmlns='urn:a'><b xmlns='urn:b' xmlns:z='urn:a' z:c='1'/></a>",
+       }) {
+    SCOPED_TRACE(document);
+    ExpectSameDocument(document, Through({"-t xml", "-t json", "-t fi", "-t xml"}, document));
+  }
+}
+
+TEST_F(Convert, SpellsJsonByItsOptions) {
+  const std::string document = "<a n='7'><b>1.50</b><b>007</b><c>true</c>t</a>";
+  EXPECT_EQ(Through({"-t json"}, document),
+            R"({"a": {"@n": "7","b": ["1.50","007"],"c": "true","#text": "t"}})");
+  EXPECT_EQ(Through({"-t json --typed"}, document),
+            R"({"a": {"@n": 7,"b": [1.50,"007"],"c": true,"#text": "t"}})");
+  EXPECT_EQ(Through({"-t json -j bare"}, document),
+            R"({"a": {"n": "7","b": ["1.50","007"],"c": "true","": "t"}})");
+  EXPECT_EQ(Through({"-t json -j marked"}, "<p:a xmlns:p='urn:a' p:b='1'/>"),
+            R"({"a": {"@b": "1"}})");
+}
+
+TEST_F(Convert, PacksSuggestedValues) {
+  std::string document = "<a>";
+  for (int i = 0; i < 100; ++i) document += "<n>" + std::to_string(1234567890 + i) + "</n>";
+  document += "</a>";
+  const std::string plain = Through({"-t fi"}, document);
+  const std::string packed = Through({"-t fi --suggested-values"}, document);
+  EXPECT_LT(packed.size() + 300, plain.size());
+}
+
+TEST_F(Convert, TakesFilesAndTellsWhatItDid) {
+  Store(Path("in.xml"), kOrder);
+  const std::string files = "'" + Path("in.xml") + "' '" + Path("out.json") + "'";
+  const Result result = Run("--stats " + files);
+  EXPECT_EQ(result.status, 0);
+  const std::string written = Contents(Path("out.json"));
+  const std::string expected = "xml, " + std::to_string(kOrder.size()) + " bytes -> json, " +
+                               std::to_string(written.size()) + " bytes; read in ";
+  EXPECT_EQ(result.err.substr(0, expected.size()), expected);
+  ExpectSameDocument(kOrder, Through({"-t xml"}, written));
+
+  const std::string inPlace = "'" + Path("in.xml") + "'";
+  EXPECT_EQ(Run("-t fi " + inPlace + " " + inPlace).status, 0);
+  ExpectSameDocument(kOrder, Through({"-t xml"}, Contents(Path("in.xml"))));
+}
+
+TEST_F(Convert, RefusesFaultyDocumentsAndLeavesTheOutput) {
+  Store(Path("out.xml"), "before");
+  const std::string out = "- '" + Path("out.xml") + "'";
+  ExpectFailure(out, "<a>\n<b></a>", 1, "at line 2");
+  ExpectFailure(out, "", 1, "empty");
+  ExpectFailure(out, "{\"a\": [1,}", 1, "line 1");
+  ExpectFailure(out, "{\"a\": 1, \"b\": 2}", 1, "");
+  ExpectFailure(out, std::string("\xE0\x00\x00\x01\x00\x3C", 6), 1, "Failed to parse FastInfoset");
+  ExpectFailure(out + " --from json", "<a/>", 1, "line 1");
+  const std::string packed = Through({"-t xml -z gzip"}, "<a>" + std::string(999, 'x') + "</a>");
+  ExpectFailure(out, packed.substr(0, packed.size() / 2), 1, "neither XML nor JSON");
+  ExpectFailure("-t fi '" + Path("absent") + "'", "", 1, "cannot read");
+  ExpectFailure("-t fi - '" + Path("absent/out") + "'", "<a/>", 1, "cannot write");
+  EXPECT_EQ(Contents(Path("out.xml")), "before");
+}
+
+TEST_F(Convert, LimitsTheNesting) {
+  std::string deep;
+  for (int i = 0; i < 5000; ++i) deep += "<a>";
+  for (int i = 0; i < 5000; ++i) deep += "</a>";
+  ExpectFailure("-t xml", deep, 1, "deeper than the limit of 256 levels");
+  EXPECT_EQ(Run("-t fi --max-nesting 5000", deep).status, 0);
+}
+
+TEST_F(Convert, TellsWrongUsage) {
+  ExpectFailure("", "<a/>", 2, "--to is needed");
+  ExpectFailure("-t yaml", "<a/>", 2, "xml, json, fi, not 'yaml'");
+  ExpectFailure("--unknown", "<a/>", 2, "--help");
+  ExpectFailure("-t fi -e utf-16", "<a/>", 2, "--encoding");
+  ExpectFailure("-t fi -p", "<a/>", 2, "--pretty");
+  ExpectFailure("-t xml --suggested-values", "<a/>", 2, "--suggested-values");
+  ExpectFailure("-t xml --typed", "<a/>", 2, "--typed");
+  ExpectFailure("-t xml --indent 17", "<a/>", 2, "0 to 16");
+  ExpectFailure("-t xml --max-nesting 1x", "<a/>", 2, "1 to 5000");
+  ExpectFailure("-t xml a b c", "", 2, "at most one input");
+  EXPECT_EQ(Run("--help").out.substr(0, 6), "usage:");
+  EXPECT_NE(Run("--version").out.find("16.1"), std::string::npos);
+}
+
+TEST_F(Convert, KeepsTheMimeDatabase) {
+  if (!std::filesystem::exists(kMimeDatabase)) GTEST_SKIP() << "shared-mime-info is absent";
+  const std::string source = Contents(kMimeDatabase);
+  ExpectSameDocument(source, Through({"-t fi --suggested-values", "-t json --typed -z gzip",
+                                      "-t xml -e utf-16", "-t fi -z zlib", "-t xml"},
+                                     source));
+}
+
+// The canonical form by an independent program. Prefixes are part of it.
+TEST_F(Convert, AgreesWithXmllint) {
+  if (Shell("xmllint --version").status != 0) GTEST_SKIP() << "xmllint is absent";
+  Store(Path("source.xml"), kOrder);
+  Store(Path("result.xml"), Through({"-t fi", "-t json -p", "-t xml"}, kOrder));
+  const Result source = Shell("xmllint --exc-c14n '" + Path("source.xml") + "'");
+  const Result result = Shell("xmllint --exc-c14n '" + Path("result.xml") + "'");
+  ASSERT_EQ(result.status, 0) << result.err;
+  EXPECT_NE(source.out, "");
+  EXPECT_EQ(result.out, source.out);
+}
+
+}  // namespace
