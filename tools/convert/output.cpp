@@ -41,6 +41,12 @@ std::string Encode(const COpenDocument& document, const Options& options,
   if (data.GetData()) {
     bytes.append(reinterpret_cast<const char*>(data.GetData()), data.GetLength());
   }
+  // XML text that is laid out ends its last line by itself.
+  const bool needsLineEnd =
+      options.to == Format::kJson && options.formatted && options.compression == Compression_None;
+  if (needsLineEnd) {
+    bytes.append("\n\0", options.encoding == Encoding_UTF16 ? 2 : 1);
+  }
   return bytes;
 }
 
