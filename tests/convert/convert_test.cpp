@@ -18,7 +18,11 @@ namespace {
 using namespace TovikXmlLib16;
 using TovikXmlTest::TempDir;
 
-constexpr const char* kMimeDatabase = "/usr/share/mime/packages/freedesktop.org.xml";
+// Of the Debian packages shared-mime-info, xkb-data, iso-codes and adwaita-icon-theme.
+constexpr const char* kRealDocuments[] = {
+    "/usr/share/mime/packages/freedesktop.org.xml", "/usr/share/X11/xkb/rules/base.xml",
+    "/usr/share/xml/iso-codes/iso_3166.xml",
+    "/usr/share/icons/Adwaita/scalable/places/folder-documents-symbolic.svg"};
 
 const std::string kOrder =
     "<o:order xmlns:o='urn:orders' xmlns:q='urn:types' xmlns:xsi="
@@ -127,7 +131,7 @@ TEST_F(Convert, KeepsADocumentInEveryDirection) {
                                           "-t json --typed",
                                           "-t json -e utf-16"};
   for (const std::string& first : forms) {
-    for (const std::string& second : forms) {
+    for (const std::string second : {"-t xml", "-t fi", "-t json"}) {
       SCOPED_TRACE(first + ", " + second);
       ExpectSameDocument(kOrder, Through({first, second, "-t xml"}, kOrder));
     }
@@ -246,12 +250,18 @@ TEST_F(Convert, TellsWrongUsage) {
   EXPECT_NE(Run("--version").out.find("16.1"), std::string::npos);
 }
 
-TEST_F(Convert, KeepsTheMimeDatabase) {
-  if (!std::filesystem::exists(kMimeDatabase)) GTEST_SKIP() << "shared-mime-info is absent";
-  const std::string source = Contents(kMimeDatabase);
-  ExpectSameDocument(source, Through({"-t fi --suggested-values", "-t json --typed -z gzip",
-                                      "-t xml -e utf-16", "-t fi -z zlib", "-t xml"},
-                                     source));
+TEST_F(Convert, KeepsRealDocuments) {
+  int found = 0;
+  for (const char* path : kRealDocuments) {
+    if (!std::filesystem::exists(path)) continue;
+    SCOPED_TRACE(path);
+    ++found;
+    const std::string source = Contents(path);
+    ExpectSameDocument(source, Through({"-t fi --suggested-values", "-t json --typed -z gzip",
+                                        "-t xml -e utf-16", "-t fi -z zlib", "-t xml"},
+                                       source));
+  }
+  if (found == 0) GTEST_SKIP() << "none of the documents is here";
 }
 
 // The canonical form by an independent program. Prefixes are part of it.
