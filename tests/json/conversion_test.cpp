@@ -76,6 +76,9 @@ TEST(JsonConversion, GivesTheXmlThatTheTextStandsFor) {
       {u"{\"r\": {\"@a\": 1e3, \"#text\": \"v\"}}",
        "<r>\n\t<@a>1e3</@a>\n\t<#text>v</#text>\n</r>\n", jrt_Bare},
       {u"{\"a\": \"<![CDATA[x<y]]>\"}", "<a><![CDATA[x<y]]></a>\n"},
+      {u"{\"a\": \"<![CDATA[x]]><evil/>\"}", "<a>&lt;![CDATA[x]]&gt;&lt;evil/&gt;</a>\n"},
+      {u"{\"a\": \"<![CDATA[x\"}", "<a>&lt;![CDATA[x</a>\n"},
+      {u"{\"a\": \"<![CDATA[x]]>]]>\"}", "<a>&lt;![CDATA[x]]&gt;]]&gt;</a>\n"},
       {u"{\"p:a\": \"<\u00e9\U0001F600&\"}", "<p:a>&lt;\u00e9\U0001F600&amp;</p:a>\n"},
       {u"{\"r\": {\"a\": 1, \"a\": 2}}", "<r>\n\t<a>1</a>\n\t<a>2</a>\n</r>\n"},
   };

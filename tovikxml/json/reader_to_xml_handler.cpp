@@ -9,6 +9,7 @@
 #include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/text_stream.h"
 #include "tovikxml/document/text_writer.h"
+#include "tovikxml/document/xml_names.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -167,12 +168,24 @@ void CJsonReaderToXmlHandler::WriteValue(const WString& text) {
     if (m_attributePending) {
       m_writer->WriteAttribute(m_currentName, WString(), text, it_string);
     } else {
-      m_writer->WriteText(text, it_string);
+      WriteElementText(text);
     }
   } catch (const CTovikException& e) {
     throw ConversionFailure(m_attributePending ? kAttributeFailure : kTextFailure, text, e);
   }
   CloseItem();
+}
+
+// The writer passes a text that begins with a CDATA section as it stands, which must not let a JSON
+// text bring in markup of its own: one that is more than a section is written in two pieces.
+void CJsonReaderToXmlHandler::WriteElementText(const WString& text) {
+  const bool isMarked = text.compare(0, kCDataStart.size(), kCDataStart) == 0;
+  if (!isMarked || text.find(kCDataEnd) == text.size() - kCDataEnd.size()) {
+    m_writer->WriteText(text, it_string);
+  } else {
+    m_writer->WriteText(text.substr(0, 1), it_string);
+    m_writer->WriteText(text.substr(1), it_string);
+  }
 }
 
 void CJsonReaderToXmlHandler::LimitIndentation() {

@@ -58,6 +58,7 @@ class CJsonReaderToXmlHandler final : public IJsonReaderHandler {
   void CloseItem();
   void StartNextArrayItem();
   void WriteValue(const WString& text);
+  void WriteElementText(const WString& text);
   void LimitIndentation();
 
   CXmlTextWriter* m_writer;
