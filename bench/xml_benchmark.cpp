@@ -1,6 +1,6 @@
-// XML text to a tree, XML text to objects, objects to XML text, on an orders document and on the
-// MIME database, with the peers that are installed measured beside in the same run. Rates are
-// bytes of the UTF-8 document.
+// XML text to a tree, XML text to objects, objects to XML text, Fast Infoset both ways, on an
+// orders document and on the MIME database, with the peers that are installed measured beside in
+// the same run. Rates are bytes of the UTF-8 document.
 
 #include <benchmark/benchmark.h>
 
@@ -62,6 +62,35 @@ void ObjectsToText(benchmark::State& state, const std::string& document, const w
     benchmark::DoNotOptimize(
         root->ToXmlStream(true, true, Encoding_UTF8, EOL_LF, context, Compression_None));
   }
+  CountBytes(state, document);
+}
+
+CSerializationContext FastInfosetContext(bool suggested) {
+  CSerializationContext context;
+  if (suggested) context.GetFIContext().SetSuggestedValues();
+  return context;
+}
+
+template <class Root>
+void ObjectsToFastInfoset(benchmark::State& state, const std::string& document, bool suggested) {
+  const CSerializationContext context = FastInfosetContext(suggested);
+  const CSmartPtr<Root> root(new Root);
+  root->FromXmlStream(Bytes(document), document.size(), context);
+  unsigned long octets = 0;
+  for (auto _ : state) {
+    octets = root->ToFastInfosetStream(fid_None, context, Compression_None).GetLength();
+  }
+  CountBytes(state, document);
+  state.counters["octets"] = static_cast<double>(octets);
+}
+
+template <class Root>
+void FastInfosetToObjects(benchmark::State& state, const std::string& document, bool suggested) {
+  const CSerializationContext context = FastInfosetContext(suggested);
+  const CSmartPtr<Root> root(new Root);
+  root->FromXmlStream(Bytes(document), document.size(), context);
+  const CBinaryData infoset = root->ToFastInfosetStream(fid_None, context, Compression_None);
+  for (auto _ : state) root->FromXmlStream(infoset, context);
   CountBytes(state, document);
 }
 
@@ -128,6 +157,13 @@ void Register(const std::string& name, const std::string& document, const wchar*
 #endif
   add("text to objects", TextToObjects<Root>);
   add("objects to text", ObjectsToText<Root>, uri);
+  for (const bool suggested : {false, true}) {
+    const char* values = suggested ? ", suggested values" : "";
+    add((std::string("objects to Fast Infoset") + values).c_str(), ObjectsToFastInfoset<Root>,
+        suggested);
+    add((std::string("Fast Infoset to objects") + values).c_str(), FastInfosetToObjects<Root>,
+        suggested);
+  }
 #ifdef TOVIKXML_BENCH_XSD
   if (name == "orders") {
     add("text to objects, CodeSynthesis XSD", XsdObjects);
