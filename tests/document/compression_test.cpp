@@ -30,7 +30,9 @@ std::string Compressed(std::string_view text, CompressionType type) {
   return StringOf(bytes);
 }
 
-std::string Decompressed(std::string_view text, std::uint64_t limit = kDefaultMaxDecompressedSize) {
+constexpr std::uint64_t kAmple = std::uint64_t{1} << 30;
+
+std::string Decompressed(std::string_view text, std::uint64_t limit = kAmple) {
   ByteArray bytes = ArrayOf(text);
   DecompressData(bytes, limit);
   return StringOf(bytes);

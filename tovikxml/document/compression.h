@@ -11,9 +11,6 @@
 /// Compressed documents: gzip (RFC 1952) and zlib (RFC 1950) around deflate (RFC 1951). Internal.
 namespace TovikXmlLib16 {
 
-/// What decompressed input may grow to where the caller sets no limit of its own: 1 GiB.
-inline constexpr std::uint64_t kDefaultMaxDecompressedSize = std::uint64_t{1} << 30;
-
 /// Replaces the bytes by their compressed form, made for speed (level 1). `Compression_None` and
 /// unknown types change nothing. The result must not be longer than the input: data that does not
 /// shrink, such as a few bytes, raises `CTovikException` "Failed to compress data. [Error Code:
@@ -32,7 +29,7 @@ std::optional<CBinaryData> TryDecompress(const unsigned char* data, std::uint32_
                                          std::uint64_t limit);
 
 /// Replaces the bytes by what `TryDecompress` gives, if it gives something.
-void DecompressData(ByteArray& buffer, std::uint64_t limit = kDefaultMaxDecompressedSize);
+void DecompressData(ByteArray& buffer, std::uint64_t limit);
 
 }  // namespace TovikXmlLib16
 
