@@ -17,7 +17,7 @@ constexpr Encoding Algorithm(std::uint32_t index) {
 
 // An unsigned kind takes the next wider signed algorithm.
 constexpr struct {
-  ItemType type;
+  std::size_t type;
   Encoding encoding;
 } kSuggestions[] = {
     {it_hexBinary, Algorithm(1)}, {it_base64Binary, Algorithm(2)}, {it_i1, Algorithm(3)},
