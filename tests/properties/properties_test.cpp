@@ -236,3 +236,79 @@ TEST(Properties, TheTableOfLossesIsTrue) {
     }
   }
 }
+
+// A pair of surrogates at every place in the parser's buffers, which are full now and then, in text
+// and in values, from text and from bytes of either order.
+TEST(Properties, PairsOfSurrogatesPassEveryBorder) {
+  Shape shape(xgt_Sequence);
+  shape.Add(PlainAttribute(u"a", 0, it_string))
+      .Add(Plain<CElementInfoSeqPrimOpt>(u"e", 1, it_string));
+  const CSerializationContext context;
+  const CSmartPtr<Bag> bag = NewBag(shape);
+  const CSmartPtr<Bag> copy = NewBag(shape);
+  for (unsigned length = 1000; length < 2100; ++length) {
+    const WString value = WString(length, u'x') + u"\U0001F600";
+    bag->Value(0).SetString(value);
+    bag->Value(1).SetString(value);
+    CBinaryData bytes =
+        bag->ToXmlStream(true, false, Encoding_UTF16, EOL_LF, context, Compression_None);
+    std::string swapped(bytes.GetData(), bytes.GetData() + bytes.GetLength());
+    for (std::size_t i = 0; i < swapped.size(); i += 2) std::swap(swapped[i], swapped[i + 1]);
+    const std::function<void()> reads[] = {
+        [&] { copy->FromXml(bag->ToXml(false, false, EOL_LF, context).c_str(), context); },
+        [&] { copy->FromXmlStream(bytes, context); },
+        [&] {
+          copy->FromXmlStream(reinterpret_cast<unsigned char*>(swapped.data()), swapped.size(),
+                              context);
+        }};
+    for (const auto& read : reads) {
+      read();
+      ASSERT_EQ(FirstDifference(Describe(*bag), Describe(*copy)), "")
+          << "road " << &read - reads << ", length " << length;
+    }
+  }
+}
+
+TEST(Properties, Utf16IsReadAndRefusedAsTheParserDoesIt) {
+  const auto utf16 = [](const WString& text, bool highFirst) {
+    std::string bytes;
+    for (const wchar unit : text) {
+      const char low = static_cast<char>(unit & 0xFF), high = static_cast<char>(unit >> 8);
+      bytes += highFirst ? std::string{high, low} : std::string{low, high};
+    }
+    return bytes;
+  };
+  const std::string incorrect = "encoding specified in XML declaration is incorrect at line 1";
+  const struct {
+    std::string bytes;
+    std::string outcome;  ///< "" if it is read
+  } rows[] = {
+      {utf16(u"<a/>", false), ""},
+      {utf16(u"<a/>", true), ""},
+      {utf16(u"\ufeff<a\U0001F600/>", true), "not well-formed (invalid token) at line 1"},
+      {utf16(u"<?xml version='1.0' encoding='utf-16'?><a/>", true), ""},
+      {utf16(u"<?xml version='1.0' encoding='UTF-16BE'?><a/>", true), ""},
+      {utf16(u"<?xml version='1.0' encoding='UTF-16LE'?><a/>", true), incorrect},
+      {utf16(u"<?xml version='1.0' encoding='UTF-8'?><a/>", false), incorrect},
+      {utf16(u"<?xml version='1.0' encoding='x'?><a/>", false), "unknown encoding at line 1"},
+      {utf16(u"<a>\n", false) + utf16({wchar(0xD800), u'<'}, false) + utf16(u"/a>", false),
+       "not well-formed (invalid token) at line 2"},
+      {utf16(u"<a/>", false) + "x", "unclosed token at line 1"},
+      {utf16(u"\ufeff\ufeff<a/>", false), "not well-formed (invalid token) at line 1"},
+  };
+  for (const auto& row : rows) {
+    const TempDir directory;
+    MakeFile(directory.Path() / "f", row.bytes);
+    for (const bool overlapped : {false, true}) {
+      std::string outcome;
+      AsyncFromXmlFile(overlapped);
+      try {
+        CXmlDocument().Load((directory / u"f").c_str());
+      } catch (const CTovikException& e) {
+        outcome = e.what();
+      }
+      AsyncFromXmlFile(false);
+      EXPECT_EQ(outcome, row.outcome) << "row " << &row - rows;
+    }
+  }
+}

@@ -47,19 +47,6 @@ std::uint32_t CheckedLength(std::size_t length) {
   return static_cast<std::uint32_t>(length);
 }
 
-// The text as UTF-16, low byte first, behind the byte order mark that tells the parser so.
-ByteArray MarkedUtf16(WStringView text) {
-  ByteArray bytes = NewByteArray((text.size() + 1) * sizeof(wchar));
-  unsigned char* out = bytes.data.get();
-  *out++ = 0xFF;
-  *out++ = 0xFE;
-  for (const wchar unit : text) {
-    *out++ = static_cast<unsigned char>(unit & 0xFF);
-    *out++ = static_cast<unsigned char>(unit >> 8);
-  }
-  return bytes;
-}
-
 }  // namespace
 
 void CXmlDocument::Load(const wchar* fileName) {
@@ -88,8 +75,9 @@ void CXmlDocument::LoadXml(const char* text) {
 void CXmlDocument::LoadXml(const wchar* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"XML String is empty!");
-  const ByteArray input = MarkedUtf16(text);
-  ParseText(input.data.get(), input.length);
+  CExpatReader reader(this);
+  reader.Create();
+  reader.ParseText(text);
 }
 
 // The bytes are parsed where they are, but for compressed ones, which are recognised by the attempt

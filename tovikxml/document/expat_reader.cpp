@@ -2,7 +2,6 @@
 
 #include <expat.h>
 
-#include <algorithm>
 #include <exception>
 #include <new>
 
@@ -56,6 +55,12 @@ WStringView Widen(const XML_Char* text, WString& scratch) {
   return text ? Widen(text, LengthOf(text), scratch) : WStringView();
 }
 
+CTovikException Failure(XML_Parser parser, XML_Error error) {
+  return CTovikException(
+      FormatString(u"%S at line %lu", XML_ErrorString(error),
+                   static_cast<unsigned long>(XML_GetCurrentLineNumber(parser))));
+}
+
 }  // namespace
 
 // The functions that expat calls. An exception must not pass through its frames: it is kept, the
@@ -63,6 +68,7 @@ WStringView Widen(const XML_Char* text, WString& scratch) {
 struct CExpatReader::Handlers {
   CXmlDocument* document;
   XML_Parser parser;
+  CUtf16Input::Order order = CUtf16Input::Order::none;
   std::exception_ptr failure{};
   WString nameScratch{};
   WString valueScratch{};
@@ -117,6 +123,25 @@ struct CExpatReader::Handlers {
     static_cast<Handlers*>(userData)->hasDocumentType = true;
   }
 
+  // The parser is given UTF-8 and told to look at no declaration, so this looks at it.
+  static void XMLCALL OnXmlDeclarationOfUtf16(void* userData, const XML_Char* /*version*/,
+                                              const XML_Char* encoding, int /*standalone*/) {
+    Guard(userData, [&](Handlers& self) {
+      const WStringView name = Widen(encoding, self.nameScratch);
+      const bool isLowFirst = self.order == CUtf16Input::Order::lowFirst;
+      if (name.empty() || EqualIgnoringAsciiCase(name, u"UTF-16") ||
+          EqualIgnoringAsciiCase(name, isLowFirst ? u"UTF-16LE" : u"UTF-16BE")) {
+        return;
+      }
+      for (const WStringView other :
+           {u"UTF-8", u"ISO-8859-1", u"US-ASCII", u"UTF-16LE", u"UTF-16BE"}) {
+        if (EqualIgnoringAsciiCase(name, other))
+          throw Failure(self.parser, XML_ERROR_INCORRECT_ENCODING);
+      }
+      throw Failure(self.parser, XML_ERROR_UNKNOWN_ENCODING);
+    });
+  }
+
   static void XMLCALL OnStartCdata(void* userData) {
     Guard(userData, [](Handlers& self) { self.document->AppendText(kCDataStart); });
   }
@@ -163,20 +188,42 @@ void CExpatReader::Create() {
 }
 
 void CExpatReader::ParseBuffer(const unsigned char* data, std::size_t length, bool isFinal) {
-  const char* bytes = reinterpret_cast<const char*>(data);
+  if (!m_hasBegun) BeginUtf16(CUtf16Input::OrderOf(data, length));
+  m_hasBegun = true;
+  if (!m_utf16) return Parse({reinterpret_cast<const char*>(data), length}, isFinal);
+  const std::string text = m_utf16->Convert(data, length, isFinal);
+  const bool isCut = isFinal && m_utf16->HasOddByte();
+  Parse(text, isFinal && !isCut);
+  if (isCut) throw Failure(m_parser.get(), XML_ERROR_UNCLOSED_TOKEN);
+}
+
+void CExpatReader::ParseText(WStringView text) {
+  BeginUtf16(CUtf16Input::Order::lowFirst);
+  Parse("\xEF\xBB\xBF", false);
+  Parse(CUtf16Input::Convert(text), true);
+}
+
+void CExpatReader::BeginUtf16(CUtf16Input::Order order) {
+  if (order == CUtf16Input::Order::none) return;
+  m_utf16.emplace(order);
+  m_handlers->order = order;
+  static const XML_Char utf8[] = {'U', 'T', 'F', '-', '8', 0};
+  if (XML_SetEncoding(m_parser.get(), utf8) != XML_STATUS_OK) throw std::bad_alloc();
+  XML_SetXmlDeclHandler(m_parser.get(), Handlers::OnXmlDeclarationOfUtf16);
+}
+
+void CExpatReader::Parse(std::string_view bytes, bool isFinal) {
   do {
-    const std::size_t piece = std::min(length, kLargestPiece);
-    const bool last = isFinal && piece == length;
-    const XML_Status status = XML_Parse(m_parser.get(), bytes, static_cast<int>(piece), last);
+    const std::string_view piece = bytes.substr(0, kLargestPiece);
+    bytes.remove_prefix(piece.size());
+    const bool last = isFinal && bytes.empty();
+    const XML_Status status =
+        XML_Parse(m_parser.get(), piece.data(), static_cast<int>(piece.size()), last);
     if (m_handlers->failure) std::rethrow_exception(m_handlers->failure);
     if (status != XML_STATUS_OK) {
-      const XML_LChar* words = XML_ErrorString(XML_GetErrorCode(m_parser.get()));
-      const auto line = static_cast<unsigned long>(XML_GetCurrentLineNumber(m_parser.get()));
-      throw CTovikException(FormatString(u"%S at line %lu", words, line));
+      throw Failure(m_parser.get(), XML_GetErrorCode(m_parser.get()));
     }
-    bytes += piece;
-    length -= piece;
-  } while (length != 0);
+  } while (!bytes.empty());
 }
 
 }  // namespace TovikXmlLib16

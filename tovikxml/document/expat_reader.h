@@ -3,8 +3,11 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
+#include <string_view>
 
 #include "tovikxml/base/instance_monitor.h"
+#include "tovikxml/document/utf16_input.h"
 
 struct XML_ParserStruct;
 
@@ -24,6 +27,8 @@ class CExpatReader : public CInstanceMonitor {
   /// Parses the next bytes of the document. Throws `CTovikException` "%s at line %d" with the
   /// parser's words; lines are counted over all buffers.
   void ParseBuffer(const unsigned char* data, std::size_t length, bool isFinal);
+  /// Parses a whole document that is UTF-16, whatever its first characters.
+  void ParseText(WStringView text);
 
  private:
   struct Handlers;
@@ -31,7 +36,12 @@ class CExpatReader : public CInstanceMonitor {
     void operator()(XML_ParserStruct* parser) const;
   };
 
+  void BeginUtf16(CUtf16Input::Order order);
+  void Parse(std::string_view bytes, bool isFinal);
+
   CXmlDocument* m_document;
+  std::optional<CUtf16Input> m_utf16;
+  bool m_hasBegun = false;
   std::unique_ptr<XML_ParserStruct, FreeParser> m_parser;
   std::unique_ptr<Handlers> m_handlers;
 };
