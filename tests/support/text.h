@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tovikxml/base/exception.h"
+#include "tovikxml/base/gtest_text.h"
 #include "tovikxml/base/utf8.h"
 
 namespace TovikXmlTest {

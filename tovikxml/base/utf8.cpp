@@ -1,8 +1,12 @@
 #include "tovikxml/base/utf8.h"
 
 #include <cstdint>
+#include <utility>
 
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
+#include "tovikxml/base/utf8_bytes.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -104,6 +108,33 @@ unsigned char* WritePoint(char32_t point, unsigned char* out) {
   return out;
 }
 
+// What was decoded in front of the first bad sequence, and the bytes that it took.
+struct Decoded {
+  WString text;
+  std::size_t length;
+};
+
+Decoded Decode(std::string_view bytes) {
+  WString text;
+  std::size_t i = 0;
+  text.reserve(bytes.size());
+  while (i < bytes.size()) {
+    std::uint64_t word = kNonAsciiBytes;
+    if (i + sizeof word <= bytes.size()) std::memcpy(&word, bytes.data() + i, sizeof word);
+    if ((word & kNonAsciiBytes) == 0) {
+      text.append(bytes.begin() + static_cast<std::ptrdiff_t>(i),
+                  bytes.begin() + static_cast<std::ptrdiff_t>(i + sizeof word));
+      i += sizeof word;
+      continue;
+    }
+    const std::size_t length = SequenceLength(bytes, i);
+    if (length == 0) break;
+    AppendSequence(text, bytes.substr(i, length));
+    i += length;
+  }
+  return {std::move(text), i};
+}
+
 }  // namespace
 
 std::optional<std::size_t> Utf8Length(WStringView text) {
@@ -160,24 +191,30 @@ std::optional<std::string> EncodeUtf8(WStringView text) {
 }
 
 std::optional<WString> DecodeUtf8(std::string_view bytes) {
-  WString text;
-  text.reserve(bytes.size());
-  std::size_t i = 0;
-  while (i < bytes.size()) {
-    std::uint64_t word = kNonAsciiBytes;
-    if (i + sizeof word <= bytes.size()) std::memcpy(&word, bytes.data() + i, sizeof word);
-    if ((word & kNonAsciiBytes) == 0) {
-      text.append(bytes.begin() + static_cast<std::ptrdiff_t>(i),
-                  bytes.begin() + static_cast<std::ptrdiff_t>(i + sizeof word));
-      i += sizeof word;
-      continue;
-    }
-    const std::size_t length = SequenceLength(bytes, i);
-    if (length == 0) return std::nullopt;
-    AppendSequence(text, bytes.substr(i, length));
-    i += length;
+  Decoded decoded = Decode(bytes);
+  if (decoded.length != bytes.size()) return std::nullopt;
+  return std::move(decoded.text);
+}
+
+std::string ToUtf8(WStringView text) {
+  auto bytes = EncodeUtf8(text);
+  if (!bytes) RefuseUnpairedSurrogate();
+  return *std::move(bytes);
+}
+
+WString FromUtf8(std::string_view bytes) {
+  Decoded decoded = Decode(bytes);
+  if (decoded.length != bytes.size()) {
+    throw CTovikInvalidValueException(
+        FormatString(u"The bytes are not UTF-8 from offset [%llu] on",
+                     static_cast<unsigned long long>(decoded.length)));
   }
-  return text;
+  return std::move(decoded.text);
+}
+
+void RefuseUnpairedSurrogate() {
+  throw CTovikInvalidValueException(
+      u"The text has an unpaired surrogate and cannot be written as UTF-8");
 }
 
 std::string DisplayUtf8(WStringView text) {

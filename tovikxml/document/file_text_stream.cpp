@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "tovikxml/base/text.h"
+#include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/file_output.h"
-#include "tovikxml/document/utf_conversion.h"
 
 namespace TovikXmlLib16 {
 

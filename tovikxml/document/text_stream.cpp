@@ -5,9 +5,8 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
-#include "tovikxml/base/utf8.h"
+#include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/byte_array.h"
-#include "tovikxml/document/utf_conversion.h"
 
 namespace TovikXmlLib16 {
 namespace {

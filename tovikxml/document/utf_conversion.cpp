@@ -2,9 +2,9 @@
 
 #include <utility>
 
-#include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/base/utf8.h"
+#include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/byte_array.h"
 
 namespace TovikXmlLib16 {
@@ -19,11 +19,6 @@ CBinaryData Utf16ToUtf8(const wchar* text) {
 WString Utf8ToUtf16(const unsigned char* bytes, unsigned long length) {
   const std::string_view view(reinterpret_cast<const char*>(bytes), length);
   return DecodeUtf8(view).value_or(WString());
-}
-
-void RefuseUnpairedSurrogate() {
-  throw CTovikInvalidValueException(
-      u"The text has an unpaired surrogate and cannot be written as UTF-8");
 }
 
 }  // namespace TovikXmlLib16

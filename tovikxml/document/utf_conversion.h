@@ -14,9 +14,6 @@ CBinaryData Utf16ToUtf8(const wchar* text);
 /// The text of `length` bytes; empty if they hold a bad or cut sequence.
 WString Utf8ToUtf16(const unsigned char* bytes, unsigned long length);
 
-/// Throws the `CTovikInvalidValueException` for text that has no UTF-8 form.
-[[noreturn]] void RefuseUnpairedSurrogate();
-
 }  // namespace TovikXmlLib16
 
 #endif  // TOVIKXML_DOCUMENT_UTF_CONVERSION_H_

@@ -6,6 +6,7 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
+#include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/utf_conversion.h"
 #include "tovikxml/fastinfoset/algorithm_codes.h"
 #include "tovikxml/values/conversions.h"

@@ -5,8 +5,8 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/utf8.h"
+#include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/binary_stream.h"
-#include "tovikxml/document/utf_conversion.h"
 
 namespace TovikXmlLib16 {
 namespace {
