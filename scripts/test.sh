@@ -4,7 +4,7 @@
 # consumer, and last all tests of the release build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh g++ cmake ninja-build pkg-config clang-format-14 libexpat1-dev \
+scripts/install_packages.sh g++ clang cmake ninja-build pkg-config clang-format-14 libexpat1-dev \
   zlib1g-dev libpcre2-dev libgtest-dev libbenchmark-dev shared-mime-info
 
 step() { printf '\n=== %s\n' "$1"; }
