@@ -39,7 +39,7 @@ with_find_package() {
   run_consumers "$build"
 }
 
-# The quotes in the flags are for a shell, hence eval. The static package gives its flags with and
+# Blanks come escaped for a shell, hence eval. The static package gives its flags with and
 # without --static.
 with_pkg_config() {
   local compiler=$1 shared=$2 library_path=$3 standard static=()
