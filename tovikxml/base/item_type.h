@@ -1,11 +1,14 @@
 #ifndef TOVIKXML_BASE_ITEM_TYPE_H_
 #define TOVIKXML_BASE_ITEM_TYPE_H_
 
+#include "tovikxml/base/export.h"
+
 namespace TovikXmlLib16 {
 
 /// The kinds of values that a property, an element or an attribute can have. The integer values
-/// are part of the exported interface.
-enum ItemType : int {
+/// are part of the exported interface. Exported itself, since class templates that take a kind are
+/// only as visible as its type.
+enum TOVIKXML_EXPORT ItemType : int {
   it_invalid = 0,
   it_hexBinary = 1,
   it_base64Binary = 2,
