@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Builds the library twice, static with g++ and shared with clang++, each as a folder of the consumer
-# project, and installs it where the path has a blank and letters outside ASCII. Then builds and runs
-# the consumer against what was installed, with find_package and with pkg-config, with both compilers
-# in C++17 and C++20, and compiles each installed header alone. Warnings are errors.
+# Checks the library as its users meet it. Installs it static as README.md says, where the path has a
+# blank and letters outside ASCII, and shared from a project that holds it as a folder. Then builds
+# and runs the consumer against what was installed, with find_package and with pkg-config, with both
+# compilers in C++17 and C++20, and compiles each installed header alone. Warnings are errors.
 set -euo pipefail
 source=$(cd "$(dirname "$0")/.." && pwd)
 scratch=$(mktemp -d)
@@ -20,14 +20,20 @@ run_consumers() {
   quietly "$1/consumer_20"
 }
 
-build_and_install() {
-  local compiler=$1 shared=$2 build=$3 prefix=$4
-  quietly cmake -S "$source/tests/consumer" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
-    -DCMAKE_CXX_COMPILER="$compiler" -DBUILD_SHARED_LIBS="$shared" \
-    -DTOVIKXML_SOURCE_DIR="$source" -DTOVIKXML_INSTALL=ON
-  quietly cmake --build "$build"
-  run_consumers "$build"
-  quietly cmake --install "$build" --prefix "$prefix"
+install_as_readme_says() {
+  mkdir -p "$scratch/source" "$HOME"
+  (cd "$source" && git ls-files -z | xargs -0 cp --parents -t "$scratch/source")
+  (cd "$scratch/source" && CMAKE_GENERATOR=Ninja CXX=g++ quietly sh examples/guide/install.sh)
+}
+
+# as_folder COMPILER SHARED BUILD_TYPE BUILD_FOLDER: the library as a folder of the consumer project.
+as_folder() {
+  quietly cmake -S "$source/tests/consumer" -B "$4" -G Ninja -DCMAKE_CXX_COMPILER="$1" \
+    -DBUILD_SHARED_LIBS="$2" -DCMAKE_BUILD_TYPE="$3" -DTOVIKXML_SOURCE_DIR="$source" \
+    -DTOVIKXML_INSTALL=ON
+  quietly cmake --build "$4"
+  run_consumers "$4"
+  echo "package: add_subdirectory passed with $1, shared=$2"
 }
 
 with_find_package() {
@@ -37,6 +43,15 @@ with_find_package() {
     -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_PREFIX_PATH="$prefix"
   quietly cmake --build "$build"
   run_consumers "$build"
+}
+
+# The project that the guide begins with.
+guide_project() {
+  quietly cmake -S "$source/examples/guide/app" -B "$scratch/app" -G Ninja \
+    -DCMAKE_PREFIX_PATH="$1"
+  quietly cmake --build "$scratch/app"
+  quietly "$scratch/app/app" "$source/examples/guide/order.xml"
+  [[ $(<"$scratch/log") == $'/order/item[1]\n/order/item[2]\n/order/note' ]]
 }
 
 # Blanks come escaped for a shell, hence eval. The static package gives its flags with and
@@ -65,17 +80,26 @@ headers_alone() {
   done
 }
 
-for shared in OFF ON; do
-  build=$scratch/build-$shared prefix="$scratch/über παντού/$shared"
-  [[ $shared == OFF ]] && compiler=g++ || compiler=clang++
-  build_and_install $compiler $shared "$build" "$prefix"
-  echo "package: shared=$shared with $compiler, add_subdirectory passed"
+# against SHARED PREFIX: all consumers of what is installed there.
+against() {
+  local shared=$1 prefix=$2 library_path compiler
   library_path=$(dirname "$(find "$prefix" -name 'libtovikxml.*' | head -1)")
   for compiler in g++ clang++; do
     with_find_package $compiler "$prefix"
-    with_pkg_config $compiler $shared "$library_path"
-    echo "package: shared=$shared, find_package and pkg-config passed with $compiler"
+    with_pkg_config $compiler "$shared" "$library_path"
+    echo "package: find_package and pkg-config passed with $compiler, shared=$shared"
   done
-done
-headers_alone "$prefix/include"
-echo "package: $(find "$prefix/include" -name '*.h' | wc -l) headers compile alone"
+}
+
+export HOME="$scratch/über παντού"
+install_as_readme_says
+against OFF "$HOME/tovikxml"
+guide_project "$HOME/tovikxml"
+
+as_folder g++ OFF Debug "$scratch/folder"
+as_folder clang++ ON Release "$scratch/shared folder"
+quietly cmake --install "$scratch/shared folder" --prefix "$HOME/shared"
+against ON "$HOME/shared"
+
+headers_alone "$HOME/shared/include"
+echo "package: $(find "$HOME/shared/include" -name '*.h' | wc -l) headers compile alone"

@@ -17,8 +17,8 @@ using TovikXmlLib16Data::XmlElementType;
 /// walks the tables to write and read it.
 ///
 /// A generated class gives bodies to `GetBase`, `GetTargetNamespace`, `GetNamespace` and the five
-/// operations below, and calls `SetElementName` in its constructor. docs/generated_classes.md shows
-/// a whole one.
+/// operations below, and calls `SetElementName` in its constructor. docs/guide/generated_classes.md
+/// goes through a whole one.
 class TOVIKXML_EXPORT CXmlGeneratedClass : public CXmlObjectBase {
  public:
   CXmlGeneratedClass();
