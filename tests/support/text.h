@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <string_view>
+#include <type_traits>
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/gtest_text.h"
@@ -30,6 +32,35 @@ TovikXmlLib16::WString MessageOf(Action&& action) {
   ADD_FAILURE() << "no exception";
   return {};
 }
+
+/// The short name of the class of an exception, such as "InvalidValue".
+TovikXmlLib16::WString ClassNameOf(const TovikXmlLib16::CTovikException& e);
+
+/// The text that `action` gives, empty if it gives none, or of what it throws the class and the
+/// whole message: "!InvalidValue The value [x] can not be converted to a i4".
+template <class Action>
+TovikXmlLib16::WString Outcome(Action&& action) {
+  try {
+    if constexpr (std::is_void_v<decltype(action())>) {
+      action();
+      return {};
+    } else {
+      return action();
+    }
+  } catch (const TovikXmlLib16::CTovikException& e) {
+    return u"!" + ClassNameOf(e) + u" " + e.GetFullMessage();
+  }
+}
+
+/// Digits of a number.
+template <class Number>
+TovikXmlLib16::WString NumberText(Number number) {
+  return Wide(std::to_string(number));
+}
+
+/// Bytes from hexadecimal digits, between which blanks may stand, and back.
+std::string FromHex(std::string_view digits);
+std::string ToHex(std::string_view bytes);
 
 }  // namespace TovikXmlTest
 

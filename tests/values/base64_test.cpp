@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/data_rows.h"
 #include "tests/support/text.h"
 
 using namespace TovikXmlLib16;
+using namespace TovikXmlTest;
 
 namespace {
 
@@ -26,43 +28,16 @@ std::string Decode(const WString& text) {
 }  // namespace
 
 TEST(Base64, CodesTheVectorsOfTheStandardBothWays) {
-  const struct {
-    std::string bytes;
-    WString text;
-  } rows[] = {{"", u""},
-              {"f", u"Zg=="},
-              {"fo", u"Zm8="},
-              {"foo", u"Zm9v"},
-              {"foob", u"Zm9vYg=="},
-              {"fooba", u"Zm9vYmE="},
-              {"foobar", u"Zm9vYmFy"},
-              {"\xfb\xff\xfe", u"+//+"}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(Encode(row.bytes), row.text);
-    EXPECT_EQ(Decode(row.text), row.bytes);
-  }
+  ForEachRow("values/base64.txt", "both ways", [](const std::string& octets, const WString& text) {
+    EXPECT_EQ(Encode(FromHex(octets)), text);
+    EXPECT_EQ(ToHex(Decode(text)), octets);
+  });
 }
 
 TEST(Base64, ReadsLeniently) {
-  const struct {
-    WString text;
-    std::string bytes;
-  } rows[] = {{u"TW Fu", "Man"},
-              {u"T\tW\rF\nu", "Man"},
-              {u"TWFu====", "Man"},
-              {u"TQ==TWFu", "M\x04\xd6\x16"},
-              {u"=TWFu", "Man"},
-              {u"TWF", "Ma"},
-              {u"T", ""},
-              {u"TW*u", ""},
-              {u"TWFuTWFu-", ""},
-              {u"TWF\u0175", ""},
-              {u"TW\u00a0Fu", ""},
-              {u"TW\x0b"
-               u"Fu",
-               ""},
-              {u"====", ""}};
-  for (const auto& row : rows) EXPECT_EQ(Decode(row.text), row.bytes) << DisplayUtf8(row.text);
+  ForEachRow("values/base64.txt", "lenient", [](const WString& text, const std::string& octets) {
+    EXPECT_EQ(ToHex(Decode(text)), octets);
+  });
 }
 
 TEST(Base64, KeepsRandomBytesOfEveryLength) {

@@ -10,12 +10,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/data_rows.h"
 #include "tests/support/text.h"
 #include "tovikxml/base/text.h"
 
 using namespace TovikXmlLib16;
-using TovikXmlTest::MessageOf;
-using TovikXmlTest::Wide;
+using namespace TovikXmlTest;
 
 namespace {
 
@@ -70,16 +70,8 @@ TEST(FloatFormat, KeepsTextAroundTheConversion) {
 }
 
 TEST(FloatFormat, RefusesEveryOtherFormat) {
-  for (const WString bad : {u"",         u"text",    u"100%%",    u"%",
-                            u"%5",       u"%.",      u"%d",       u"%s",
-                            u"%n",       u"%p",      u"%c",       u"%Lf",
-                            u"%llf",     u"%hf",     u"%*f",      u"%.*f",
-                            u"%1$f",     u"%f%f",    u"%f%s",     u"%f %n",
-                            u"%f%",      u"%.-1f",   u"%..f",     u"%5 f",
-                            u"%'f",      u"%10000f", u"%.10000f", u"%99999999999999999999f",
-                            u"%\u0661f", u"%\uff46", u"%h",       u"%d",
-                            u"%b"}) {
-    EXPECT_EQ(MessageOf<CTovikInvalidValueException>([&] { FormatFloat(1, bad); }),
-              u"Invalid number format [" + bad + u"]");
-  }
+  ForEachRow("values/conversions.txt", "bad number formats", [](const WString& format) {
+    EXPECT_EQ(Outcome([&] { FormatFloat(1, format); }),
+              u"!InvalidValue Invalid number format [" + format + u"]");
+  });
 }
