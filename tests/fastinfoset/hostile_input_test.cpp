@@ -89,49 +89,6 @@ TEST(HostileFastInfoset, HasAnyOctetChanged) {
   }
 }
 
-TEST(HostileFastInfoset, PointsBeyondTablesAndOctets) {
-  const struct {
-    std::string content;
-    const wchar* message;
-  } rows[] = {
-      {"01 F0", u"The element index [2] is beyond its table."},
-      {"3007FFFFFF", u"The element index [1050656] is beyond its table."},
-      {"33FFFFFFFF", u"The element index"},
-      {"7C0062 00 0078", u"The attribute index [1] is beyond its table."},
-      {"7C0062 78 0063 80", u"The attribute value index [1] is beyond its table."},
-      {"A0", u"The character chunk index [1] is beyond its table."},
-      {"BBFFFFFF", u"The character chunk index"},
-      {"3D81", u"The name index [2] is beyond its table."},
-      {"3CFFFFFF", u"The name index"},
-      {"38 CF81", u"The name index [2] is beyond its table."},
-      {"880800", u"The alphabet index [3] is beyond its table."},
-      {"7C0062 78 0063 2FF0 00", u"The alphabet index [256] is beyond its table."},
-      {"8804F0", u"Invalid character value for Restricted Alphabet."},
-      {"3E0070 0062", u"Invalid QName type Prefix without Namespace."},
-      {"C0", u"Invalid Encoding of Element type."},
-      {"CC", u"Invalid Encoding of Element type."},
-      {"FE", u"Invalid Encoding of Element type."},
-      {"8178", u"Unexpected End of File."},
-      {"83FFFFFFFF 78", u"Unexpected End of File."},
-      {"3C60FFFFFFFF 78", u"Unexpected End of File."},
-      {"7C0062 780063 0CFFFFFFFF", u"Unexpected End of File."},
-      {"80FF", u"Invalid UTF-8 text."},
-      {"3C00FF", u"Invalid UTF-8 text."},
-      {"840A", u"Invalid UTF-16 text."},
-      {"85D83D", u"Invalid UTF-16 text."},
-      {"8601DE00D83D", u"Invalid UTF-16 text."},
-  };
-  for (const auto& row : rows) {
-    const WString expected = WString(u"Failed to parse FastInfoset. ") + row.message;
-    EXPECT_EQ(FailureOf(Octets(kRoot + row.content)).substr(0, expected.size()), expected)
-        << row.content;
-  }
-  EXPECT_EQ(FailureOf(Octets("E0000001 40 90")),
-            u"Failed to parse FastInfoset. Invalid Encoding of the length of a sequence.");
-  EXPECT_EQ(FailureOf(Octets(kRoot + "8C2800")), u"Unknown byte encoding.");
-  EXPECT_EQ(FailureOf(Octets(kRoot + "8C0D0000")), u"Invalid value for INT byte encoding.");
-}
-
 TEST(HostileFastInfoset, RefersToOneLongTextAgainAndAgain) {
   std::string text;
   for (int i = 0; i < 0xFFF + 259; ++i) text += "78";

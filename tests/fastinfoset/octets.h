@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/support/text.h"
+#include "tests/support/writer_script.h"
 #include "tovikxml/document/binary_stream.h"
 #include "tovikxml/fastinfoset/writer.h"
 #include "tovikxml/tovikxml.h"

@@ -98,4 +98,12 @@ bool IsJson(TovikXmlLib16::WStringView text) {
   return utf8 && Checker(*utf8).Document();
 }
 
+template <>
+TovikXmlLib16::JsonRoundTrip FieldAs(const TovikXmlLib16::WString& field) {
+  EXPECT_TRUE(field == u"bare" || field == u"marked" || field == u"full");
+  return field == u"bare"     ? TovikXmlLib16::jrt_Bare
+         : field == u"marked" ? TovikXmlLib16::jrt_Marked
+                              : TovikXmlLib16::jrt_Full;
+}
+
 }  // namespace TovikXmlTest
