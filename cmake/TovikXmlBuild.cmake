@@ -37,6 +37,14 @@ function(tovikxml_internal_headers folder)
   endforeach()
 endfunction()
 
+# Stores in RESULT the headers that are installed, relative to the project.
+function(tovikxml_public_headers result)
+  get_property(internal_headers GLOBAL PROPERTY TOVIKXML_INTERNAL_HEADERS)
+  file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tovikxml/*.h)
+  list(REMOVE_ITEM headers ${internal_headers})
+  set(${result} ${headers} PARENT_SCOPE)
+endfunction()
+
 # tovikxml_test(NAME source...): a GoogleTest program with access to internals.
 function(tovikxml_test name)
   add_executable(test_${name} ${ARGN})

@@ -1,9 +1,7 @@
 # The installed package: library, public headers, CMake package and pkg-config file.
 include(CMakePackageConfigHelpers)
 
-get_property(internal_headers GLOBAL PROPERTY TOVIKXML_INTERNAL_HEADERS)
-file(GLOB_RECURSE headers RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tovikxml/*.h)
-list(REMOVE_ITEM headers ${internal_headers})
+tovikxml_public_headers(headers)
 foreach(header IN LISTS headers)
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})

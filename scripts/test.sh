@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
 # Installs what is missing, then builds and runs everything that has to pass: the formatter check,
 # the tests under sanitizers and with the other build of expat, the installed package with its
-# consumer, and last all tests of the release build.
+# consumers, the reference of the headers, and last all tests of the release build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-scripts/install_packages.sh g++ clang cmake ninja-build pkg-config clang-format-14 libexpat1-dev \
-  zlib1g-dev libpcre2-dev libgtest-dev libbenchmark-dev shared-mime-info
+scripts/install_packages.sh g++ clang cmake ninja-build pkg-config clang-format-14 doxygen \
+  libexpat1-dev zlib1g-dev libpcre2-dev libgtest-dev libbenchmark-dev shared-mime-info
 
 step() { printf '\n=== %s\n' "$1"; }
 
@@ -38,8 +38,12 @@ build_and_test tsan Thread test_binding test_values
 step "8-bit expat"
 build_and_test narrow 'document|binding|example|fuzz'
 
-step "package and consumer"
+step "package and consumers"
 scripts/check_package.sh
+
+step "reference"
+cmake --preset release >/dev/null
+cmake --build build/release --target docs
 
 step "all tests, release build"
 { cmake --preset release && cmake --build build/release; } >build/release.log 2>&1 ||

@@ -1,7 +1,14 @@
 #ifndef TOVIKXML_TOVIKXML_H_
 #define TOVIKXML_TOVIKXML_H_
 
+/// @file
 /// The one header for applications and generated code.
+
+/// @namespace TovikXmlLib16
+/// All of the library but the records of metadata.
+
+/// @namespace TovikXmlLib16Data
+/// The records of metadata with which a generated class describes itself.
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"

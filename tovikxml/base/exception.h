@@ -8,6 +8,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
 
+/// @file
 /// The exception family. Every failure of the library is one of these, thrown by value and caught
 /// by reference:
 ///

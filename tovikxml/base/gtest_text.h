@@ -6,6 +6,7 @@
 
 #include "tovikxml/base/utf8.h"
 
+/// @file
 /// For tests with GoogleTest: a `WString` in a failed comparison is shown as the text that it is,
 /// and not unit by unit as far as it is not ASCII.
 ///

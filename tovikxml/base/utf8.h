@@ -8,6 +8,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
 
+/// @file
 /// The way between the 16-bit text of the library and the UTF-8 (RFC 3629) of files, terminals and
 /// other programs:
 ///

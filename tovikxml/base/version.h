@@ -9,6 +9,7 @@ namespace TovikXmlLib16 {
 constexpr int kVersionMajor = 16;
 constexpr int kVersionMinor = 1;
 
+/// The version of a library or of generated code.
 struct Version {
   int major;
   int minor;

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+/// @file
 /// The text types of the library. All text in memory is UTF-16 in 16-bit code units, on every
 /// platform; bytes appear only at streams and parsers. A wide C string in an interface is a
 /// zero-terminated `const wchar*`.

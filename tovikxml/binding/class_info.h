@@ -10,6 +10,7 @@
 #include "tovikxml/values/restrictions.h"
 #include "tovikxml/values/whitespace.h"
 
+/// @file
 /// The metadata with which a generated class describes itself: one `CParentElementInfo` for the
 /// class, and two tables of records, ended by null, one record for each child element and one for
 /// each attribute. Records do not change after construction and are shared by all objects of a

@@ -6,6 +6,7 @@
 #include "tovikxml/base/smart_ptr.h"
 #include "tovikxml/binding/class_info.h"
 
+/// @file
 /// The element records. The name of a record class spells out what it stands for:
 ///
 ///     CElementInfo + group + kind + occurrence
@@ -279,8 +280,8 @@ class ChoiceOpt : public Kind {
 
 }  // namespace detail
 
-/// Bases of the repeated records; the property is a collection that exists from the start and
-/// knows its limits.
+/// Base of the repeated records of a sequence. The property of a repeated record is a collection
+/// that exists from the start and knows its limits.
 class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
  public:
   CElementInfoSeqCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
@@ -297,6 +298,7 @@ class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
                                  CXmlElement* child) const;
 };
 
+/// Base of the repeated records of an all group.
 class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
  public:
   CElementInfoAllCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
@@ -307,6 +309,7 @@ class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
                       XmlElementType parentType) override;
 };
 
+/// Base of the repeated records of a choice.
 class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
  public:
   CElementInfoChoiceCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);

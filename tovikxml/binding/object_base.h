@@ -27,6 +27,7 @@ class CXmlWriter;
 /// Hears of changes in the collections that it was added to as a listener.
 class TOVIKXML_EXPORT IEventSink {
  public:
+  /// What happened or is about to.
   enum MsgType : int {
     CollectionChange = 0,         ///< data is null
     CollectionAdd = 1,            ///< data is the item; fired before it is stored
@@ -174,10 +175,12 @@ class TOVIKXML_EXPORT CXmlObjectBase : public IEventSink {
   static void FireOnCollectionRemoveCompleteEvent(IEventSink* sink, CXmlCollectionBase* collection,
                                                   int index);
 
-  // Choice helpers for generated setters. `selected` is a text that the generated class keeps for
-  // each choice: the name of the element that is set at present, empty if none. All of them throw
-  // `CTovikInvalidStateException` "The Property [%s] is already set. ..." if another element of
-  // the choice is set, and then leave `selected` alone.
+  /// @name Choice helpers for generated setters
+  /// `selected` is a text that the generated class keeps for each choice: the name of the element
+  /// that is set at present, empty if none. All of them throw `CTovikInvalidStateException` "The
+  /// Property [%s] is already set. ..." if another element of the choice is set, and then leave
+  /// `selected` alone.
+  /// @{
   void Choice_SelectElement(const wchar* name, CXmlObjectBase* newValue, WString& selected);
   void Choice_SetElementValid(bool valid, const wchar* name, WString& selected);
   void Choice_CollectionChanged(const wchar* name, long count, WString& selected);
@@ -185,6 +188,7 @@ class TOVIKXML_EXPORT CXmlObjectBase : public IEventSink {
   void Choice_Read_Collection(CXmlCollectionBase* collection, CXmlElement* parent,
                               CXmlElement*& child, long& count,
                               const CSerializationContext& context);
+  /// @}
 
   /// Throws `CTovikInvalidParamException` if `object` is null.
   void Throw_IfPropertyIsNull(CXmlObjectBase* object, const wchar* name);

@@ -77,8 +77,10 @@ class TOVIKXML_EXPORT CSerializationContext {
   void SetWriteDefaultElementValues(bool value) { m_writeDefaultElementValues = value; }
   bool GetWriteDefaultElementValues() const { return m_writeDefaultElementValues; }
 
-  // What is let through. Unknown elements and missing mandatory elements cannot be ignored both:
-  // the second setter to be given true throws `CTovikInvalidStateException`.
+  /// @name What is let through
+  /// Unknown elements and missing mandatory elements cannot be ignored both: the second setter to
+  /// be given true throws `CTovikInvalidStateException`.
+  /// @{
   void SetIgnoreUnknownElements(bool value);
   bool GetIgnoreUnknownElements() const { return m_ignoreUnknownElements; }
   void SetIgnoreMissingMandatoryElements(bool value);
@@ -89,6 +91,7 @@ class TOVIKXML_EXPORT CSerializationContext {
   bool GetIgnoreInvalidCollectionCounts() const { return m_ignoreInvalidCollectionCounts; }
   void SetIgnoreMissingChoice(bool value) { m_ignoreMissingChoice = value; }
   bool GetIgnoreMissingChoice() const { return m_ignoreMissingChoice; }
+  /// @}
 
   /// Whether only local names are compared while reading.
   void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }

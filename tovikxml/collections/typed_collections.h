@@ -14,6 +14,7 @@
 #include "tovikxml/values/date_time_span.h"
 #include "tovikxml/values/decimal.h"
 
+/// @file
 /// The lists of primitive values that stand for repeated elements of a simple type: one class for
 /// each type, named after it.
 ///

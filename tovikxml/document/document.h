@@ -12,6 +12,7 @@
 #include "tovikxml/base/instance_monitor.h"
 #include "tovikxml/base/wide_string.h"
 
+/// @file
 /// A parsed document as a tree. Whatever the source (XML text, Fast Infoset, compressed bytes),
 /// objects are read from this tree:
 ///
@@ -37,6 +38,7 @@ struct ByteArray;
 struct CXmlName;
 struct CXmlTreeStorage;
 
+/// An attribute of an element; namespace declarations are none.
 class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
  public:
   ~CXmlAttribute() override;
@@ -64,6 +66,7 @@ class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
   WString m_value;
 };
 
+/// An element with its attributes, its text and its child elements, which form a list.
 class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
  public:
   CXmlDocument* GetDocument() const { return m_document; }
@@ -106,6 +109,7 @@ class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
   WString m_text;
 };
 
+/// The document: loads bytes or text, owns the tree, and knows the prefixes.
 class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
  public:
   /// Sees each element at its end tag, children first, complete but for children freed before.
@@ -126,11 +130,12 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   /// Frees the tree and the prefix table.
   virtual void Cleanup();
 
-  // Each load entry first calls `Cleanup`. They throw `CTovikException`: "%s at line %d" with the
-  // parser's words for text that is not well-formed, "Failed to parse FastInfoset. ...", "XML
-  // String is empty!", "XML Stream is empty!", or a message with the file's name and the system's
-  // error number. After a failure the
-  // document is to be abandoned or loaded again.
+  /// @name Loading XML text and Fast Infoset
+  /// Each load entry first calls `Cleanup`. They throw `CTovikException`: "%s at line %d" with the
+  /// parser's words for text that is not well-formed, "Failed to parse FastInfoset. ...", "XML
+  /// String is empty!", "XML Stream is empty!", or a message with the file's name and the system's
+  /// error number. After a failure the document is to be abandoned or loaded again.
+  /// @{
 
   /// Reads XML text or Fast Infoset from a file, which may be compressed with gzip or zlib. In
   /// overlapped mode (`AsyncFromXmlFile`) the file is read in blocks and must be plain XML text.
@@ -141,11 +146,14 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   void LoadXml(const char* text);
   /// Reads 16-bit text, which needs no declaration; one that names another encoding is refused.
   void LoadXml(const wchar* text);
+  /// @}
 
-  // The JSON load entries give the XML text that the JSON stands for, in UTF-8, to be read by
-  // `LoadXmlStream`; the document itself stays empty. They throw "JSON String is empty!" or "JSON
-  // Stream is empty!", as `Load` does for the file, and `CTovikValidationException` with line,
-  // position and path for bytes that are not UTF-8 and for text that is not JSON.
+  /// @name Turning JSON into XML text
+  /// The JSON load entries give the XML text that the JSON stands for, in UTF-8, to be read by
+  /// `LoadXmlStream`; the document itself stays empty. They throw "JSON String is empty!" or "JSON
+  /// Stream is empty!", as `Load` does for the file, and `CTovikValidationException` with line,
+  /// position and path for bytes that are not UTF-8 and for text that is not JSON.
+  /// @{
 
   /// Reads UTF-8, with or without a byte order mark, from a file, which may be compressed. An empty
   /// file gives XML text without a root.
@@ -155,6 +163,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   /// Reads UTF-8.
   CBinaryData LoadJson(const char* text);
   CBinaryData LoadJson(const wchar* text);
+  /// @}
 
   /// The root; null before a load.
   CXmlElement* GetDocumentElement() const { return m_root; }

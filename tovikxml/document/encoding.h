@@ -1,6 +1,7 @@
 #ifndef TOVIKXML_DOCUMENT_ENCODING_H_
 #define TOVIKXML_DOCUMENT_ENCODING_H_
 
+/// @file
 /// How text output becomes lines, bytes and compressed bytes. The integer values are part of the
 /// exported interface.
 namespace TovikXmlLib16 {

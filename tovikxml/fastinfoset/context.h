@@ -23,6 +23,7 @@ namespace TovikXmlLib16 {
 /// so that reading needs the same vocabulary but no other setting.
 class TOVIKXML_EXPORT CFastInfosetContext {
  public:
+  /// As UTF-8, by the characters of an alphabet, or by an algorithm.
   enum EncodingKind : std::int32_t {
     ces_Default = 0,
     ces_RestrictedAlphabet = 1,

@@ -7,6 +7,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
 
+/// @file
 /// The numbered tables of names and values through which a repeated string of a Fast Infoset
 /// document becomes a small index (ITU-T X.891, clause 8). Generated code fills the vocabulary of
 /// a context with what the schema is known to use, so that documents refer to it from the start:
@@ -73,17 +74,23 @@ class TOVIKXML_EXPORT CFIVocabulary {
   CFIVocabulary& operator=(const CFIVocabulary& other);
   virtual ~CFIVocabulary();
 
-  // Single strings. The caller adds each once: a second time it takes another place in the table,
-  // and what is found by text no longer agrees with what is found by index.
+  /// @name Single strings
+  /// The caller adds each once: a second time it takes another place in the table, and what is
+  /// found by text no longer agrees with what is found by index.
+  /// @{
   void AddPrefixName(WString name);
   void AddNamespaceName(WString name);
   void AddLocalName(WString name);
   void AddAttributeValue(WString value);
   void AddElementValue(WString value);
-  // Qualified names, with those of their parts that are new; an empty prefix or namespace is
-  // absent. A known name changes nothing.
+  /// @}
+  /// @name Qualified names
+  /// They are added with those of their parts that are new; an empty prefix or namespace is absent.
+  /// A known name changes nothing.
+  /// @{
   void AddAttribute(WString prefix, WString namespaceName, WString localName);
   void AddElement(WString prefix, WString namespaceName, WString localName);
+  /// @}
 
   const CFIQNameTable& GetAttributeNamesTable() const;
   const CFIStringTable& GetAttributeValuesTable() const;

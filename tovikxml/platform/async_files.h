@@ -3,6 +3,7 @@
 
 #include "tovikxml/base/export.h"
 
+/// @file
 /// Whether files are read and written in overlapped mode: block after block, where the operating
 /// system works on one block while the library works on another, and only a block or two are held
 /// in memory. Both settings are false at start and hold for the whole process.

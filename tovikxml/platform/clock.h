@@ -6,6 +6,7 @@
 
 #include "tovikxml/base/export.h"
 
+/// @file
 /// The records of calendar time that `CDateTime` exchanges with a platform, and the clock. All
 /// functions may run on any thread.
 namespace TovikXmlLib16 {

@@ -4,6 +4,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
 
+/// @file
 /// The byte buffer of the library: the value of hexBinary and base64Binary of XML Schema datatypes,
 /// the result of entry points that produce a stream, and the input of those that read one.
 ///

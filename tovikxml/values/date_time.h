@@ -31,6 +31,7 @@ struct DateTimeFields;
 /// that the type lacks `CTovikInvalidStateException`.
 class TOVIKXML_EXPORT CDateTime {
  public:
+  /// Which of the types the value has, and with that which fields.
   enum DTType : int {
     dt_yearZero = 0,  ///< not set
     dt_dateTime = 1,
@@ -43,6 +44,7 @@ class TOVIKXML_EXPORT CDateTime {
     dt_gMonthDay = 8
   };
 
+  /// The order of two values, which is a partial one.
   enum DTCompareResult : int {
     cr_equal = 0,
     cr_lessThan = 1,

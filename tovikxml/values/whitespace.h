@@ -10,6 +10,7 @@ namespace TovikXmlLib16 {
 /// value is read from it. White space is blank, tab, carriage return and line feed.
 class TOVIKXML_EXPORT CWhitespaceUtils {
  public:
+  /// What happens to white space; the rule of a record comes from its schema type.
   enum WhitespaceRule : int {
     ws_none = 0,      ///< the text passes unchanged
     ws_preserve = 1,  ///< line ends become one line feed each
