@@ -214,6 +214,10 @@ void CXmlDocument::AppendTextExcludingCR(WStringView text) {
   }
 }
 
+void CXmlDocument::BindAlias(WString prefix, WString uri) {
+  m_aliases[std::move(prefix)] = std::move(uri);
+}
+
 void CXmlDocument::EndElement() {
   const OpenElement ended = m_open.back();
   m_open.pop_back();

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <map>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "tovikxml/base/export.h"
@@ -200,7 +199,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   /// What `AppendText` appends to.
   WString& TopText() { return m_open.back().element->m_text; }
   CXmlElement* TopElement() const { return m_open.empty() ? nullptr : m_open.back().element; }
-  void BindAlias(WString prefix, WString uri) { m_aliases[std::move(prefix)] = std::move(uri); }
+  void BindAlias(WString prefix, WString uri);
   void RemoveLastChildElement(const OpenElement& ended);
 
   void Parse(const unsigned char* data, std::size_t length);

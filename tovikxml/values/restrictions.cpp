@@ -35,6 +35,8 @@ CPrimitiveRestrictions::CPrimitiveRestrictions(const wchar* pattern, long minLen
       m_fractionDigits(NumberFacet(fractionDigits)),
       m_hasFacets(AnyFacet()) {}
 
+CPrimitiveRestrictions::~CPrimitiveRestrictions() = default;
+
 bool CPrimitiveRestrictions::AnyFacet() const {
   for (const WString* text :
        {&m_pattern, &m_minInclusive, &m_maxInclusive, &m_minExclusive, &m_maxExclusive}) {

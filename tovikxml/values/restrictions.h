@@ -24,7 +24,8 @@ class TOVIKXML_EXPORT CPrimitiveRestrictions {
                          long totalDigits, long fractionDigits);
   CPrimitiveRestrictions(const CPrimitiveRestrictions&) = default;
   CPrimitiveRestrictions& operator=(const CPrimitiveRestrictions&) = default;
-  virtual ~CPrimitiveRestrictions() = default;
+  /// Out of line, since every record in a generated table makes and drops one.
+  virtual ~CPrimitiveRestrictions();
 
   const WString& GetPattern() const { return m_pattern; }
   std::int32_t GetMinLength() const { return m_minLength; }
