@@ -45,7 +45,7 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext& /*co
     return false;
   }
   TovikVariant value;
-  value.FromString(attribute->GetValue(), m_itemType, m_whitespaceRule);
+  value.FromString(attribute->BorrowValue(), m_itemType, m_whitespaceRule);
   InvokePropertySet(owner, value, *attribute);
   return true;
 }
@@ -82,7 +82,7 @@ bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& context,
                                           CXmlGeneratedClass* owner, CXmlAttribute* attribute) {
   if (!IsThisAttribute(context, attribute)) return false;
   TovikVariant value;
-  value.SetI4(m_textToEnum(attribute->GetValue().c_str()));
+  value.SetI4(m_textToEnum(attribute->BorrowValue().c_str()));
   InvokePropertySet(owner, value, *attribute);
   return true;
 }
@@ -124,7 +124,7 @@ bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext& /*context*
     throw CTovikException(
         u"Serialization Data Error : The collection should be a CAttributeCol, it was not!");
   }
-  attributes->Add(attribute->GetLocalName().c_str(), attribute->GetValue().c_str(), uri.c_str());
+  attributes->Add(attribute->GetLocalName().c_str(), attribute->BorrowValue().c_str(), uri.c_str());
   return true;
 }
 

@@ -254,7 +254,7 @@ void CElementInfo::ElementFromXmlEnum(const CSerializationContext& context,
 }
 
 const WString& CElementInfo::TextOrDefault(const CXmlElement& element) const {
-  return element.GetText().empty() ? m_defaultValue : element.GetText();
+  return element.GetTextView().empty() ? m_defaultValue : element.BorrowText();
 }
 
 // A primitive element may carry xsi:nil and no other attribute.
@@ -263,10 +263,10 @@ bool CElementInfo::IsNilMarked(const CSerializationContext& context,
   bool nil = false;
   for (const CXmlAttribute* attribute : element.GetAttributes()) {
     if (attribute->IsNilAttribute()) {
-      nil = !IsXsiFalse(attribute->GetValue());
+      nil = !IsXsiFalse(attribute->GetValueView());
       if (!nil) continue;
       if (!m_nillable) ThrowNotNillable(element);
-      if (!IsXsiTrue(attribute->GetValue())) ThrowBadNilValue(*attribute);
+      if (!IsXsiTrue(attribute->GetValueView())) ThrowBadNilValue(*attribute);
     } else if (!context.GetIgnoreUnknownAttributes()) {
       ThrowUnexpectedAttribute(*attribute);
     }

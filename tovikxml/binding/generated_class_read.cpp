@@ -105,9 +105,9 @@ void CXmlGeneratedClass::ReadOwnText(const CXmlElement& element) {
   if (index == -1 || info.GetPrimitiveDataType() == it_invalid) return;
   TovikVariant value;
   if (info.GetOutputPrimitiveClassAsTextProperty()) {
-    value.SetString(element.GetText());
+    value.SetString(WString(element.GetTextView()));
   } else {
-    value.FromString(element.GetText(), info.GetPrimitiveDataType(), CWhitespaceUtils::ws_none);
+    value.FromString(element.BorrowText(), info.GetPrimitiveDataType(), CWhitespaceUtils::ws_none);
   }
   AccessProperty(index, false, value);
 }
@@ -121,8 +121,8 @@ void CXmlGeneratedClass::ReadNilAttribute(const CXmlElement& element,
                                           const CXmlAttribute& attribute) {
   INillable* nillable = dynamic_cast<INillable*>(this);
   if (!nillable) ThrowNotNillable(element);
-  const bool isTrue = IsXsiTrue(attribute.GetValue());
-  if (!isTrue && !IsXsiFalse(attribute.GetValue())) ThrowBadNilValue(attribute);
+  const bool isTrue = IsXsiTrue(attribute.GetValueView());
+  if (!isTrue && !IsXsiFalse(attribute.GetValueView())) ThrowBadNilValue(attribute);
   nillable->SetNil(isTrue);
 }
 

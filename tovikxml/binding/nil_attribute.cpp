@@ -7,11 +7,11 @@
 
 namespace TovikXmlLib16 {
 
-bool IsXsiTrue(const WString& value) {
+bool IsXsiTrue(WStringView value) {
   return value == u"1" || EqualIgnoringAsciiCase(value, u"true");
 }
 
-bool IsXsiFalse(const WString& value) {
+bool IsXsiFalse(WStringView value) {
   return value == u"0" || EqualIgnoringAsciiCase(value, u"false");
 }
 

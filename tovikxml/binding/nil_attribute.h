@@ -10,8 +10,8 @@ class CXmlAttribute;
 class CXmlElement;
 
 /// Whether a value of `xsi:nil` says true or false; upper case passes too.
-bool IsXsiTrue(const WString& value);
-bool IsXsiFalse(const WString& value);
+bool IsXsiTrue(WStringView value);
+bool IsXsiFalse(WStringView value);
 
 // All throw `CTovikValidationException` with the path of the place.
 [[noreturn]] void ThrowNotNillable(const CXmlElement& element);

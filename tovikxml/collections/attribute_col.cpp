@@ -79,7 +79,7 @@ CXmlElement* CAttributeCol::FromXml_Int(CXmlElement* parent, CXmlElement* firstC
                        attribute->GetLocalName().c_str()),
           parent->GetXPath());
     }
-    AddNew(attribute->GetLocalName(), attribute->GetValue(), uri);
+    AddNew(attribute->GetLocalName(), WString(attribute->GetValueView()), uri);
   }
   return firstChild;
 }

@@ -160,12 +160,12 @@ void CElement::CopyXmlElement(CXmlElement* source) {
   const NestingGuard guard(DefaultMaxNesting());
   m_name = source->GetLocalName();
   m_namespace = source->GetNamespaceURI();
-  m_text = source->GetText();
+  m_text = source->GetTextView();
   m_attributes->Clear();
   m_childElements->Clear();
   for (const CXmlAttribute* attribute : source->GetAttributes()) {
     const WString& name = attribute->GetLocalName();
-    const WString& value = attribute->GetValue();
+    const WString& value = attribute->BorrowValue();
     m_attributes->Add(name.c_str(), value.c_str(), attribute->GetNamespaceURI().c_str());
     if (EqualText(name, kXmlns)) m_defaultNamespace = value;
   }
@@ -198,7 +198,7 @@ CXmlElement* CElement::FromXml_Int(CXmlElement* /*parent*/, CXmlElement* current
         FormatString(u"Invalid Element [%s] found.", current->GetLocalName().c_str()),
         current->GetXPath());
   }
-  m_text = current->GetText();
+  m_text = current->GetTextView();
   m_name = current->GetLocalName();
   m_namespace = current->GetNamespaceURI();
   return current->GetNextSiblingElement();

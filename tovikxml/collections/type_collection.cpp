@@ -31,7 +31,7 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement* /*parent*/, CXmlElemen
   const WString uri = GetNamespace();
   CXmlElement* element = firstChild;
   while (element && DoesElementNameMatch(context, element, name.c_str(), uri.c_str())) {
-    AddFromString(element->GetText());
+    AddFromString(element->BorrowText());
     element = element->GetNextSiblingElement();
   }
   return element;

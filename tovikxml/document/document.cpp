@@ -30,6 +30,10 @@ const WString& CXmlAttribute::GetNamespaceURI() const {
   return m_name->namespaceUri;
 }
 
+const WString& CXmlAttribute::BorrowValue() const {
+  return m_value.CopyTo(m_element->m_document->m_lentText);
+}
+
 WString CXmlAttribute::GetXPath() const {
   WString path = m_element->GetXPath() + u"/@";
   if (!GetNamespaceURI().empty()) {
@@ -76,6 +80,10 @@ const WString& CXmlElement::GetAttribute(const WString& localName,
     }
   }
   return kEmptyText;
+}
+
+const WString& CXmlElement::BorrowText() const {
+  return m_text.CopyTo(m_document->m_lentText);
 }
 
 WString CXmlElement::GetXPath() const {
@@ -201,8 +209,13 @@ void CXmlDocument::AddElementAttribute(CXmlElement* element, const CXmlName* nam
   CXmlAttribute* attribute = m_storage->TakeAttribute();
   attribute->m_element = element;
   attribute->m_name = name;
-  attribute->m_value = value;
+  attribute->m_value.Append(value, m_storage->texts, name->usualText);
   element->m_attributes.push_back(attribute);
+}
+
+void CXmlDocument::AppendText(WStringView text) {
+  CXmlElement& element = *m_open.back().element;
+  element.m_text.Append(text, m_storage->texts, element.m_name->usualText);
 }
 
 void CXmlDocument::AppendTextExcludingCR(WStringView text) {

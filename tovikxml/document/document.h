@@ -10,6 +10,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/instance_monitor.h"
 #include "tovikxml/base/wide_string.h"
+#include "tovikxml/document/tree_text.h"
 
 /// @file
 /// A parsed document as a tree. Whatever the source (XML text, Fast Infoset, compressed bytes),
@@ -44,7 +45,11 @@ class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
 
   const WString& GetLocalName() const;
   const WString& GetNamespaceURI() const;
-  const WString& GetValue() const { return m_value; }
+  const WString& GetValue() const { return m_value.AsString(); }
+  /// The same without making a `WString` of it, which saves an allocation.
+  WStringView GetValueView() const { return m_value.View(); }
+  /// The same in a `WString` that the document lends until the next such call for any node of it.
+  const WString& BorrowValue() const;
   /// The path of the attribute, such as "/orders/order[2]/@id".
   WString GetXPath() const;
 
@@ -62,7 +67,7 @@ class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
 
   CXmlElement* m_element = nullptr;
   const CXmlName* m_name = nullptr;
-  WString m_value;
+  CXmlTreeText m_value;
 };
 
 /// An element with its attributes, its text and its child elements, which form a list.
@@ -77,7 +82,11 @@ class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
   const WString& GetLocalName() const;
   /// Empty when the element is in no namespace.
   const WString& GetNamespaceURI() const;
-  const WString& GetText() const { return m_text; }
+  const WString& GetText() const { return m_text.AsString(); }
+  /// The same without making a `WString` of it, which saves an allocation.
+  WStringView GetTextView() const { return m_text.View(); }
+  /// The same in a `WString` that the document lends until the next such call for any node of it.
+  const WString& BorrowText() const;
   /// In document order.
   const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
   /// The value of the first attribute with both names; an empty text if there is none.
@@ -105,7 +114,7 @@ class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
   CXmlElement* m_lastChild = nullptr;
   const CXmlName* m_name = nullptr;
   std::vector<CXmlAttribute*> m_attributes;
-  WString m_text;
+  CXmlTreeText m_text;
 };
 
 /// The document: loads bytes or text, owns the tree, and knows the prefixes.
@@ -188,16 +197,17 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   const CXmlName* KeepName(const wchar* qualified);
   const CXmlName* KeepName(WStringView namespaceUri, WStringView localName);
   CXmlElement* AddElement(const CXmlName* name);
+  void ReserveAttributes(CXmlElement* element, std::size_t count) {
+    element->m_attributes.reserve(count);
+  }
   void AddElementAttribute(CXmlElement* element, const CXmlName* name, WStringView value);
   /// Appends to the element whose end tag comes next; the text has no carriage return.
-  void AppendText(WStringView text) { m_open.back().element->m_text.append(text); }
+  void AppendText(WStringView text);
   /// The same for text that may have carriage returns, which are dropped; a zero unit ends it.
   void AppendTextExcludingCR(WStringView text);
   void EndElement();
   /// Ends an element that no callback is to see.
   void CloseElement() { m_open.pop_back(); }
-  /// What `AppendText` appends to.
-  WString& TopText() { return m_open.back().element->m_text; }
   CXmlElement* TopElement() const { return m_open.empty() ? nullptr : m_open.back().element; }
   void BindAlias(WString prefix, WString uri);
   void RemoveLastChildElement(const OpenElement& ended);
@@ -219,6 +229,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   std::vector<OpenElement> m_open;
   std::map<WString, WString> m_aliases;
   int m_schemaType;
+  WString m_lentText;
   ElementCallback m_callback = nullptr;
   const CSerializationContext* m_context;
 };

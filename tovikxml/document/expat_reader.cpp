@@ -91,6 +91,11 @@ struct CExpatReader::Handlers {
     Guard(userData, [&](Handlers& self) {
       CXmlDocument& target = *self.document;
       CXmlElement* element = target.AddElement(target.KeepName(WidenName(name, self.nameScratch)));
+      const XML_Char** end = attributes;
+      while (*end) end += 2;
+      if (end != attributes) {
+        target.ReserveAttributes(element, static_cast<std::size_t>(end - attributes) / 2);
+      }
       for (; *attributes; attributes += 2) {
         const CXmlName* kept = target.KeepName(WidenName(attributes[0], self.nameScratch));
         target.AddElementAttribute(element, kept, Widen(attributes[1], self.valueScratch));

@@ -10,20 +10,23 @@ namespace {
 
 constexpr wchar kNamespaceSeparator = u'|';
 constexpr std::size_t kFirstSlots = 64;
-// A freed node keeps the room of its text for the next one, unless it was an unusually long one.
-constexpr std::size_t kKeptTextCapacity = 4096;
 
-void ForgetText(WString& text) {
-  if (text.capacity() > kKeptTextCapacity) {
-    WString().swap(text);
-  } else {
-    text.clear();
+// Whether a zero-terminated text, whose length nobody has counted, is a known one. Four units a
+// round: names of elements carry their namespace and are long.
+bool IsSameText(const wchar* text, const WString& known) {
+  const wchar* const units = known.data();
+  const std::size_t size = known.size();
+  std::size_t i = 0;
+  for (; i + 4 <= size; i += 4) {
+    if (text[i] != units[i] || text[i + 1] != units[i + 1] || text[i + 2] != units[i + 2] ||
+        text[i + 3] != units[i + 3]) {
+      return false;
+    }
   }
-}
-
-bool IsSameCString(const wchar* a, const wchar* b) {
-  while (*a == *b && *a) ++a, ++b;
-  return *a == *b;
+  for (; i < size; ++i) {
+    if (text[i] != units[i]) return false;
+  }
+  return text[size] == u'\0';
 }
 
 }  // namespace
@@ -47,15 +50,13 @@ const CXmlName* CXmlNameTable::Keep(const Key& key) {
   const std::uint64_t hash = Hash(key.qualified);
   const std::size_t at = Find(key, hash);
   if (m_slots[at].name) return m_slots[at].name;
-  m_names.push_back(
-      {WString(key.qualified), WString(key.namespaceUri), WString(key.localName), nullptr});
+  m_names.push_back({WString(key.qualified), WString(key.namespaceUri), WString(key.localName)});
   m_slots[at] = {hash, &m_names.back()};
   return &m_names.back();
 }
 
 const CXmlName* CXmlNameTable::KeepNext(const wchar* qualified, const CXmlName* previous) {
-  if (previous && previous->successor &&
-      IsSameCString(previous->successor->qualified.c_str(), qualified)) {
+  if (previous && previous->successor && IsSameText(qualified, previous->successor->qualified)) {
     return previous->successor;
   }
   const CXmlName* name = Keep(WStringView(qualified));
@@ -113,11 +114,11 @@ void CXmlTreeStorage::FreeSubtree(CXmlElement* element) {
       next = element->m_nextSibling;
     }
     for (CXmlAttribute* attribute : element->m_attributes) {
-      ForgetText(attribute->m_value);
+      attribute->m_value.Reuse();
       attributes.Recycle(attribute);
     }
     element->m_attributes.clear();
-    ForgetText(element->m_text);
+    element->m_text.Reuse();
     element->m_parent = element->m_nextSibling = element->m_firstChild = element->m_lastChild =
         nullptr;
     elements.Recycle(element);

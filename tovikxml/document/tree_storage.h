@@ -22,6 +22,8 @@ struct CXmlName {
   WString localName;
   /// The name that last came behind this one: documents repeat, so it is looked at first.
   mutable const CXmlName* successor = nullptr;
+  /// The room that texts in nodes of this name wanted when they grew.
+  mutable std::size_t usualText = 0;
 };
 
 /// The names of a document, by hashing of their qualified form. Two names may have one qualified
@@ -122,6 +124,7 @@ struct CXmlTreeStorage {
   void FreeSubtree(CXmlElement* element);
 
   CXmlNameTable names;
+  CXmlTextRoom texts;
   CXmlNodePool<CXmlElement> elements;
   CXmlNodePool<CXmlAttribute> attributes;
 };

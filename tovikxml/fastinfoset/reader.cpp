@@ -206,17 +206,17 @@ void CFastInfosetReader::ReadCharacterChunk(CFIOctetInput& input, unsigned octet
   AppendValue(isAdded);
 }
 
-// Text without anything to leave out is decoded where it is to stay.
 void CFastInfosetReader::ReadUtf8Chunk(CFIOctetInput& input, unsigned octet, bool isAdded) {
   const CFIOctetInput::Octets octets = input.ReadString(kFILengthBit7, octet);
-  WString& text = m_document.TopText();
-  if (!AppendPlainText(text, octets)) {
+  m_value.clear();
+  if (!AppendPlainText(m_value, octets)) {
     m_value.clear();
     AppendUtf8(m_value, octets);
     return AppendValue(isAdded);
   }
   CountText(octets.length);
-  if (isAdded) AddTo(m_characterChunks, text.substr(text.size() - octets.length));
+  m_document.AppendText(m_value);
+  if (isAdded) AddTo(m_characterChunks, m_value);
 }
 
 void CFastInfosetReader::AppendValue(bool isAdded) {
