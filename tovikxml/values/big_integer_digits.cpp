@@ -106,9 +106,13 @@ void CBigInteger::Pow10(unsigned int n, Digits& digits) {
 }
 
 void CBigInteger::BuildDWORDLONG(unsigned long long value, Digits& digits) {
-  digits.Resize(3);
-  for (std::size_t i = 0; i < 3; ++i, value /= kBase) digits[i] = static_cast<Limb>(value % kBase);
-  Clean(digits);
+  std::size_t size = 0;
+  do {
+    digits.Resize(size + 1);
+    digits[size++] = static_cast<Limb>(value % kBase);
+    value /= kBase;
+  } while (value != 0);
+  digits.Resize(size);
 }
 
 void CBigInteger::BuildDouble(double value, Digits& digits) {

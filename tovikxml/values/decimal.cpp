@@ -13,9 +13,13 @@ namespace TovikXmlLib16 {
 std::int32_t CDecimal::m_maxDivider = 30;
 
 // Raises a divider of 0 to the 1 that a rationalised value has at least.
-CDecimal::CDecimal(CBigInteger unscaled, int divider)
-    : m_unscaled(std::move(unscaled)), m_divider(std::max(divider, 1)) {
-  CBigInteger::ShiftLeft(m_unscaled.m_digits, m_divider - divider);
+CDecimal::CDecimal(CBigInteger unscaled, int divider) : m_unscaled(std::move(unscaled)) {
+  SetPlaces(divider);
+}
+
+void CDecimal::SetPlaces(int places) {
+  m_divider = std::max(places, 1);
+  if (m_divider != places) CBigInteger::ShiftLeft(m_unscaled.m_digits, m_divider - places);
 }
 
 void CDecimal::SetMaxDecimalPlaces(int places) {

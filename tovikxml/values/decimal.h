@@ -123,6 +123,8 @@ class TOVIKXML_EXPORT CDecimal {
   CDecimal(CBigInteger unscaled, int divider);
 
   void Parse(const wchar* text);
+  /// Lets the last digits of the unscaled number be places; there is at least one.
+  void SetPlaces(int places);
   void Scale(bool negativeExponent, int exponent);
   void Rationalise();
   void ChangeFractionalDivider(int divider);

@@ -116,10 +116,9 @@ void CDecimal::Parse(const wchar* text) {
     throw CTovikInvalidValueException(FormatString(
         u"The string representing a Decimal, contained an exponent out of range [%s].", text));
   }
-  CBigInteger unscaled;
-  CBigInteger::BuildDigits(scanner.Mantissa(), scanner.DigitCount(), unscaled.m_digits);
-  if (scanner.IsNegative()) unscaled.Negate();
-  *this = CDecimal(std::move(unscaled), static_cast<int>(scanner.FractionDigits()));
+  CBigInteger::BuildDigits(scanner.Mantissa(), scanner.DigitCount(), m_unscaled.m_digits);
+  if (scanner.IsNegative()) m_unscaled.Negate();
+  SetPlaces(static_cast<int>(scanner.FractionDigits()));
   if (scanner.HasExponent()) Scale(scanner.IsExponentNegative(), scanner.Exponent());
   Finish();
 }

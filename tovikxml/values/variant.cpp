@@ -18,11 +18,12 @@ struct Slot {
   static constexpr bool kInPlace =
       sizeof(T) <= size && alignof(T) <= 8 && std::is_nothrow_move_constructible_v<T>;
 
-  static void Make(unsigned char* storage, T value) {
+  template <class Value>
+  static void Make(unsigned char* storage, Value&& value) {
     if constexpr (kInPlace) {
-      new (storage) T(std::move(value));
+      new (storage) T(std::forward<Value>(value));
     } else {
-      T* const copy = new T(std::move(value));
+      T* const copy = new T(std::forward<Value>(value));
       std::memcpy(storage, &copy, sizeof copy);
     }
   }
@@ -150,9 +151,9 @@ void TovikVariant::ReleaseOther() noexcept {
 }
 
 template <class T>
-void TovikVariant::SetOwned(ItemType type, T value) {
+void TovikVariant::SetOwned(ItemType type, T&& value) {
   Clear();
-  Slot<T, kStorage>::Make(m_value, std::move(value));
+  Slot<std::decay_t<T>, kStorage>::Make(m_value, std::forward<T>(value));
   m_type = type;
   m_holds = true;
 }

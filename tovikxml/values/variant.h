@@ -147,7 +147,8 @@ struct TOVIKXML_EXPORT TovikVariant {
   void FromString(const WString& text, ItemType type, CWhitespaceUtils::WhitespaceRule rule);
 
  private:
-  static constexpr std::size_t kStorage = sizeof(WString) > 8 ? sizeof(WString) : 8;
+  // Room for a decimal, the largest of the usual values.
+  static constexpr std::size_t kStorage = 72;
 
   void ZeroValue() { std::memset(m_value, 0, 8); }
   void ReleaseValue() noexcept;
@@ -164,7 +165,7 @@ struct TOVIKXML_EXPORT TovikVariant {
   template <class T>
   T Plain() const;
   template <class T>
-  void SetOwned(ItemType type, T value);
+  void SetOwned(ItemType type, T&& value);
   template <class T>
   const T& Owned(ItemType type) const;
 
