@@ -20,23 +20,23 @@ namespace {
 
 constexpr long kMost = 100000;
 
-enum class Outcome { untouched, failed, survived, wrong };
+enum class Ending { untouched, failed, survived, wrong };
 
 // Runs an operation under a fault. It tells whether its result is right, also where it could do
 // without the allocation that failed.
 template <class Action>
-Outcome RunWithFault(long number, bool lasting, const Action& action) {
+Ending RunWithFault(long number, bool lasting, const Action& action) {
   bool isRight = false;
   try {
     const AllocationFaults faults(number, lasting);
     isRight = action();
   } catch (const std::bad_alloc&) {
-    return Outcome::failed;
+    return Ending::failed;
   } catch (const CTovikException&) {
-    return Outcome::failed;
+    return Ending::failed;
   }
-  if (!isRight) return Outcome::wrong;
-  return AllocationFaults::HaveStruck() ? Outcome::survived : Outcome::untouched;
+  if (!isRight) return Ending::wrong;
+  return AllocationFaults::HaveStruck() ? Ending::survived : Ending::untouched;
 }
 
 /// One operation. `prepare` makes it, outside of the faults, with what it works on.
@@ -45,11 +45,11 @@ void FailEachAllocation(const std::string& name, Prepare prepare) {
   prepare()();  // what is made once for the program is made now
   for (const bool lasting : {false, true}) {
     long number = 0;
-    Outcome outcome = Outcome::failed;
-    while (outcome != Outcome::untouched && ++number < kMost) {
+    Ending outcome = Ending::failed;
+    while (outcome != Ending::untouched && ++number < kMost) {
       const long before = LiveBlocks();
       outcome = RunWithFault(number, lasting, prepare());
-      ASSERT_NE(outcome, Outcome::wrong) << name << ": allocation " << number;
+      ASSERT_NE(outcome, Ending::wrong) << name << ": allocation " << number;
       ASSERT_EQ(LiveBlocks(), before)
           << name << ": allocation " << number << " lasting " << lasting;
     }
@@ -136,8 +136,8 @@ class Overlapped {
 TEST(Allocation, FaultsAreInForce) {
   const long before = LiveBlocks();
   const auto allocate = [] { return std::make_unique<int>() != nullptr; };
-  EXPECT_EQ(RunWithFault(1, false, allocate), Outcome::failed);
-  EXPECT_EQ(RunWithFault(2, false, allocate), Outcome::untouched);
+  EXPECT_EQ(RunWithFault(1, false, allocate), Ending::failed);
+  EXPECT_EQ(RunWithFault(2, false, allocate), Ending::untouched);
   const auto block = std::make_unique<int>();
   EXPECT_EQ(LiveBlocks(), before + 1);
   const auto allocateInC = [] {
@@ -146,7 +146,7 @@ TEST(Allocation, FaultsAreInForce) {
     return true;
   };
   EXPECT_EQ(RunWithFault(1, false, allocateInC),
-            ReachCLibraries() ? Outcome::survived : Outcome::untouched);
+            ReachCLibraries() ? Ending::survived : Ending::untouched);
 }
 
 TEST(Allocation, FailsWhileReading) {
@@ -289,8 +289,8 @@ TEST(Allocation, FailsWhileValuesAreComputed) {
 TEST(Allocation, FailsWhilePatternsAreCompiled) {
   for (const bool lasting : {false, true}) {
     long number = 0;
-    Outcome outcome = Outcome::failed;
-    while (outcome != Outcome::untouched && ++number < kMost) {
+    Ending outcome = Ending::failed;
+    while (outcome != Ending::untouched && ++number < kMost) {
       const WString pattern = FormatString(u"[a-c]{2,%ld}(x|y)*%d", number + 1, lasting);
       const CSmartPtr<CstringCol> words(new CstringCol(u"w", u"", 0, -1, pattern.c_str(), -1, -1,
                                                        u"", u"", u"", u"", -1, -1, -1,

@@ -138,8 +138,8 @@ std::string Held(const Bag& bag) {
   return all;
 }
 
-std::string Outcome(const Carrier& carrier, const Bag& bag, const Shape& shape,
-                    const TempDir& directory) {
+std::string OutcomeOf(const Carrier& carrier, const Bag& bag, const Shape& shape,
+                      const TempDir& directory) {
   std::function<void(Bag&)> read;
   try {
     read = carrier.Write(bag, directory);
@@ -228,7 +228,7 @@ TEST(Properties, TheTableOfLossesIsTrue) {
     for (const Carrier& carrier : AllCarriers()) {
       if (carrier.IsCompressed()) continue;  // so little does not shrink
       const char* const expected = loss.In(carrier.GetFamily());
-      std::string outcome = Outcome(carrier, *bag, shape, directory);
+      std::string outcome = OutcomeOf(carrier, *bag, shape, directory);
       if (expected == refused) outcome = outcome.substr(0, std::string(refused).size());
       EXPECT_EQ(outcome, expected ? expected : Held(*bag))
           << "row " << &loss - kLosses << ", " << carrier.Name();
