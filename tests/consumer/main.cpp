@@ -69,9 +69,27 @@ bool ValuesWork() {
          TovikVariant().IsValid() == false;
 }
 
+// A class of exceptions must be the same one on both sides of a shared library.
+bool TextWorks() {
+  try {
+    FromUtf8("\xff");
+  } catch (const CTovikInvalidValueException&) {
+    return FromUtf8(ToUtf8(u"\u00e4")) == u"\u00e4";
+  }
+  return false;
+}
+
+// Another family of lists, with a template of its own.
+bool DatesWork() {
+  const CSmartPtr<CdateCol> list(new CdateCol(u"d", u"", 0, -1, u"", -1, -1, u"", u"", u"", u"", -1,
+                                              -1, -1, CWhitespaceUtils::ws_collapse, u""));
+  list->Add(CDateTime(2024, 2, 29));
+  return list->Item(0).GetDay() == 29;
+}
+
 int main() {
   SetGeneratorVersion(16, 1);
-  if (!ValuesWork()) return 1;
+  if (!ValuesWork() || !TextWorks() || !DatesWork()) return 1;
   const CSerializationContext context;
   const CSmartPtr<CGreeting> greeting(new CGreeting);
   greeting->FromXml("<greeting><text>Hello</text></greeting>", context);
