@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/bag.h"
+#include "tests/support/data_rows.h"
 #include "tests/support/text.h"
 
 using namespace TovikXmlTest;
@@ -36,49 +37,22 @@ class Factory : public CClassfactoryBase {
 TEST(ChoiceHelpers, KeepOneElementSelected) {
   const CSmartPtr<Setters> setters(new Setters);
   const CSmartPtr<Bag> object = NewBag(Empty());
-  enum Operation { kSelect, kCollection, kValid };
-  const WString set = u" is already set. Only one element within this class bay be set at a time";
-  const struct {
-    Operation operation;
-    WString before;
-    bool value;
-    WString after;
-    WString message;
-  } rows[] = {
-      {kSelect, u"a", true, u"a", u""},
-      {kSelect, u"a", false, u"", u""},
-      {kSelect, u"", true, u"a", u""},
-      {kSelect, u"", false, u"a", u""},
-      {kSelect, u"b", false, u"b", u""},
-      {kSelect, u"b", true, u"b", u"The Property [b]" + set},
-      {kCollection, u"a", true, u"a", u""},
-      {kCollection, u"a", false, u"", u""},
-      {kCollection, u"", true, u"a", u""},
-      {kCollection, u"", false, u"", u""},
-      {kCollection, u"b", false, u"b", u""},
-      {kCollection, u"b", true, u"b", u"The Property [b]" + set},
-      {kValid, u"", true, u"a", u""},
-      {kValid, u"a", true, u"a", u""},
-      {kValid, u"b", false, u"", u""},
-      {kValid, u"b", true, u"b", u"The Property b" + set},
-  };
-  for (const auto& row : rows) {
-    WString selected = row.before;
-    const auto call = [&] {
-      if (row.operation == kValid)
-        return setters->Choice_SetElementValid(row.value, u"a", selected);
-      if (row.operation == kCollection) {
-        return setters->Choice_CollectionChanged(u"a", row.value ? 2 : 0, selected);
-      }
-      setters->Choice_SelectElement(u"a", row.value ? object.Get() : nullptr, selected);
-    };
-    if (row.message.empty()) {
-      call();
-    } else {
-      EXPECT_EQ(MessageOf<CTovikInvalidStateException>(call), row.message);
-    }
-    EXPECT_EQ(selected, row.after) << "row " << &row - rows;
-  }
+  ForEachRow("binding/choice.txt", "selection",
+             [&](const WString& before, const std::string& operation, bool value,
+                 const WString& after, const WString& exception) {
+               WString selected = before;
+               const auto call = [&] {
+                 if (operation == "valid") {
+                   setters->Choice_SetElementValid(value, u"a", selected);
+                 } else if (operation == "collection") {
+                   setters->Choice_CollectionChanged(u"a", value ? 2 : 0, selected);
+                 } else {
+                   setters->Choice_SelectElement(u"a", value ? object.Get() : nullptr, selected);
+                 }
+               };
+               EXPECT_EQ(Outcome(call), exception);
+               EXPECT_EQ(selected, after);
+             });
 }
 
 TEST(ChoiceHelpers, ReadACollectionOnce) {
@@ -102,15 +76,13 @@ TEST(ChoiceHelpers, ReadACollectionOnce) {
 
 TEST(SetterHelpers, RefuseNullAndOtherNames) {
   const CSmartPtr<Setters> setters(new Setters);
-  EXPECT_EQ(MessageOf<CTovikInvalidParamException>(
-                [&] { setters->Throw_IfPropertyIsNull(nullptr, u"p"); }),
-            u"The Property [p] is mandatory, it may node be NULL");
+  EXPECT_EQ(Outcome([&] { setters->Throw_IfPropertyIsNull(nullptr, u"p"); }),
+            u"!InvalidParam The Property [p] is mandatory, it may node be NULL");
   setters->Throw_IfElementNameDiffers(nullptr, u"p");
   setters->Throw_IfElementNameDiffers(setters, u"item");
-  EXPECT_EQ(MessageOf<CTovikInvalidParamException>(
-                [&] { setters->Throw_IfElementNameDiffers(setters, u"Item"); }),
-            u"This property requires an element with the name Item the element being set has the "
-            u"element name item");
+  EXPECT_EQ(Outcome([&] { setters->Throw_IfElementNameDiffers(setters, u"Item"); }),
+            u"!InvalidParam This property requires an element with the name Item the element being "
+            u"set has the element name item");
 }
 
 TEST(SetterHelpers, CompareNamesByTheContext) {

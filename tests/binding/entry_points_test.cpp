@@ -9,6 +9,7 @@
 #include "tovikxml/platform/error_box.h"
 
 using namespace TovikXmlTest;
+using namespace std::string_view_literals;
 
 namespace {
 
@@ -43,117 +44,64 @@ class OverlappedFiles {
   }
 };
 
-int g_boxes = 0;
-WString g_boxText;
-
-class WatchedBox {
- public:
-  WatchedBox() {
-    g_boxes = 0;
-    m_previous = SetErrorBox([](const WString& title, const WString& text) {
-      ++g_boxes;
-      g_boxText = title + u": " + text;
-    });
-  }
-  ~WatchedBox() { SetErrorBox(m_previous); }
-
- private:
-  ErrorBox m_previous;
-};
+WString g_boxes;
 
 }  // namespace
 
-TEST(EntryPoints, RoundTripThroughEveryStream) {
-  const CSerializationContext context;
-  const CSmartPtr<Bag> bag = Sample();
-  for (const XmlEncoding encoding : {Encoding_UTF8, Encoding_UTF16, Encoding_UTF16_Undeclared}) {
-    for (const CompressionType compression :
-         {Compression_None, Compression_GZip, Compression_ZLib}) {
-      const CBinaryData bytes = Bytes(*bag, encoding, compression);
-      if (encoding != Encoding_UTF8 && compression == Compression_None) {
-        // UTF-16 has no mark in a stream, so that nothing tells the parser of it.
-        EXPECT_EQ(bytes[0], '<');
-        EXPECT_EQ(bytes[1], 0);
-        continue;
-      }
-      if (encoding != Encoding_UTF8) continue;
-      const CSmartPtr<Bag> copy = NewBag(Record());
-      copy->FromXmlStream(bytes, context);
-      EXPECT_EQ(copy->Value(0).GetString(), bag->Value(0).GetString());
-      EXPECT_EQ(copy->Value(1).GetString(), u"one two");
-    }
-  }
-}
-
-TEST(EntryPoints, RoundTripThroughEveryFile) {
+TEST(EntryPoints, MarkFilesWithTheirByteOrder) {
   const TempDir directory;
   const CSerializationContext context;
   const CSmartPtr<Bag> bag = Sample(WString(300000, u'\u00e9'));
-  for (const bool overlapped : {false, true}) {
-    const OverlappedFiles files(overlapped);
-    for (const XmlEncoding encoding : {Encoding_UTF8, Encoding_UTF16, Encoding_UTF16_Undeclared}) {
+  for (const XmlEncoding encoding : {Encoding_UTF8, Encoding_UTF16, Encoding_UTF16_Undeclared}) {
+    std::string written[2];
+    for (const bool overlapped : {false, true}) {
+      const OverlappedFiles files(overlapped);
       const WString name = directory / u"\u00fcber.xml";
       bag->ToXmlFile(name.c_str(), true, true, encoding, EOL_CRLF, context, Compression_None);
-      const std::string bytes = FileBytes(directory.Path() / u"\u00fcber.xml");
-      EXPECT_EQ(bytes.substr(0, 2), encoding == Encoding_UTF8 ? "<?" : "\xff\xfe");
-      const CSmartPtr<Bag> copy = NewBag(Record());
-      copy->FromXmlFile(name.c_str(), context);
-      EXPECT_EQ(copy->Value(0).GetString(), bag->Value(0).GetString());
+      written[overlapped] = FileBytes(directory.Path() / u"\u00fcber.xml");
     }
+    EXPECT_EQ(written[0].substr(0, 2), encoding == Encoding_UTF8 ? "<?" : "\xff\xfe");
+    EXPECT_EQ(written[0], written[1]);
+    // UTF-16 has no mark in a stream.
+    EXPECT_EQ(Bytes(*bag, encoding, Compression_None)[0], '<');
   }
   const WString zipped = directory / u"zipped.xml";
   bag->ToXmlFile(zipped.c_str(), true, true, Encoding_UTF16, EOL_LF, context, Compression_GZip);
   EXPECT_EQ(FileBytes(directory.Path() / "zipped.xml").substr(0, 2), "\x1f\x8b");
-  {
-    const OverlappedFiles files(true);
-    EXPECT_EQ(
-        MessageOf<CTovikException>([&] { NewBag(Record())->FromXmlFile(zipped.c_str(), context); }),
-        u"not well-formed (invalid token) at line 1");
-  }
+  const OverlappedFiles files(true);
+  EXPECT_EQ(Outcome([&] { NewBag(Record())->FromXmlFile(zipped.c_str(), context); }),
+            u"!Exception not well-formed (invalid token) at line 1");
 }
 
-TEST(EntryPoints, WriteTheSameFileOverlapped) {
+TEST(EntryPoints, RefuseTextWithoutUtf8FormAndDataThatDoesNotShrinkOrGrowsTooMuch) {
   const TempDir directory;
-  const CSerializationContext context;
-  const CSmartPtr<Bag> bag = Sample(WString(50000, u'y'));
-  for (const bool overlapped : {false, true}) {
-    const OverlappedFiles files(overlapped);
-    bag->ToXmlFile((directory / (overlapped ? u"o" : u"p")).c_str(), true, true, Encoding_UTF16,
-                   EOL_LF, context, Compression_None);
-  }
-  EXPECT_EQ(FileBytes(directory.Path() / "o"), FileBytes(directory.Path() / "p"));
-}
-
-TEST(EntryPoints, RefuseTextThatHasNoUtf8) {
-  const TempDir directory;
-  const CSerializationContext context;
-  const CSmartPtr<Bag> bag = Sample(WString(1, wchar(0xD800)));
-  MessageOf<CTovikInvalidValueException>([&] { Bytes(*bag, Encoding_UTF8, Compression_None); });
-  for (const bool overlapped : {false, true}) {
-    const OverlappedFiles files(overlapped);
-    MessageOf<CTovikInvalidValueException>([&] {
-      bag->ToXmlFile((directory / u"x").c_str(), true, true, Encoding_UTF8, EOL_LF, context,
-                     Compression_None);
-    });
-  }
-  EXPECT_EQ(MessageOf<CTovikException>([&] { Bytes(*bag, Encoding_None, Compression_None); }),
-            u"Unknown Encoding, select UTF-8 (contact our support team)");
-}
-
-TEST(EntryPoints, ReportDataThatDoesNotShrinkAndDataThatGrowsTooMuch) {
-  const CSmartPtr<Bag> small = NewBag(Record());
-  EXPECT_EQ(MessageOf<CTovikException>([&] {
-              small->ToXmlStream(false, false, Encoding_UTF8, EOL_LF, CSerializationContext(),
-                                 Compression_GZip);
-            }).substr(0, 38),
-            u"Failed to compress data. [Error Code: ");
   CSerializationContext context;
+  const CSmartPtr<Bag> bag = Sample(WString(1, wchar(0xD800)));
+  const WString refusal =
+      u"!InvalidValue The text has an unpaired surrogate and cannot be written as UTF-8";
+  EXPECT_EQ(Outcome([&] { Bytes(*bag, Encoding_UTF8, Compression_None); }), refusal);
+  for (const bool overlapped : {false, true}) {
+    const OverlappedFiles files(overlapped);
+    EXPECT_EQ(Outcome([&] {
+                bag->ToXmlFile((directory / u"x").c_str(), true, true, Encoding_UTF8, EOL_LF,
+                               context, Compression_None);
+              }),
+              refusal);
+  }
+  EXPECT_EQ(Outcome([&] { Bytes(*bag, Encoding_None, Compression_None); }),
+            u"!Exception Unknown Encoding, select UTF-8 (contact our support team)");
+  EXPECT_EQ(
+      Outcome([&] { Bytes(*NewBag(Record()), Encoding_UTF8, Compression_GZip); }).substr(0, 49),
+      u"!Exception Failed to compress data. [Error Code: ");
   context.SetMaxDecompressedSize(1000);
-  EXPECT_EQ(MessageOf<CTovikException>([&] {
+  EXPECT_EQ(Outcome([&] {
               NewBag(Record())->FromXmlStream(Bytes(*Sample(), Encoding_UTF8, Compression_ZLib),
                                               context);
             }),
-            u"The decompressed data exceeds the limit of 1000 bytes");
+            u"!Exception The decompressed data exceeds the limit of 1000 bytes");
+  const CBinaryData rootless = ToBytes("\xE0\0\0\x01\0\xF0"sv);
+  EXPECT_EQ(Outcome([&] { NewBag(Record())->FromXmlStream(rootless, context); }),
+            u"!Exception Invalid or empty XML document");
 }
 
 TEST(EntryPoints, ReadFromAPartOfADocument) {
@@ -163,47 +111,57 @@ TEST(EntryPoints, ReadFromAPartOfADocument) {
   const CXmlElement* part = document.GetDocumentElement()->GetFirstElement();
   bag->FromXmlElement(part, CSerializationContext());
   EXPECT_EQ(bag->Value(0).GetString(), u"2");
-  MessageOf<CTovikInvalidParamException>([&] {
-    bag->FromXmlElement(static_cast<const CXmlElement*>(nullptr), CSerializationContext());
-  });
+  part = nullptr;
+  EXPECT_THROW(bag->FromXmlElement(part, CSerializationContext()), CTovikInvalidParamException);
 }
 
-TEST(EntryPoints, RefuseAnotherGeneratorVersion) {
+TEST(EntryPoints, RefuseAnotherGeneratorVersionAndZlibFiles) {
   const CSerializationContext context;
   const CSmartPtr<Bag> bag = Sample();
-  const WatchedBox box;
-  const WString name = u"nowhere/x";
+  const wchar* const name = u"nowhere/x";
   CXmlDocument document;
   document.LoadXml("<root/>");
   unsigned char byte = '<';
-  const std::function<void()> calls[] = {
+  constexpr auto kGZip = Compression_GZip, kZLib = Compression_ZLib;
+  const auto toFiles = [&](CompressionType compression) -> std::vector<std::function<void()>> {
+    return {
+        [=] { bag->ToXmlFile(name, false, false, Encoding_UTF8, EOL_LF, context, compression); },
+        [=] { bag->ToJsonFile(name, false, Encoding_UTF8, EOL_LF, context, compression); },
+        [=] { bag->ToFastInfosetFile(name, fid_None, context, compression); }};
+  };
+  std::vector<std::function<void()>> calls = {
       [&] { bag->ToXml(false, false, EOL_LF, context); },
-      [&] { Bytes(*bag, Encoding_UTF8, Compression_None); },
-      [&] {
-        bag->ToXmlFile(name.c_str(), false, false, Encoding_UTF8, EOL_LF, context,
-                       Compression_None);
-      },
+      [&] { bag->ToXmlStream(false, false, Encoding_UTF8, EOL_LF, context, kGZip); },
+      [&] { bag->ToJson(false, EOL_LF, context); },
+      [&] { bag->ToJsonStream(false, Encoding_UTF8, EOL_LF, context, kGZip); },
+      [&] { bag->ToFastInfosetStream(fid_None, context, kGZip); },
       [&] { bag->FromXml("<root/>", context); },
       [&] { bag->FromXml(u"<root/>", context); },
       [&] { bag->FromXmlStream(&byte, 1, context); },
-      [&] { bag->FromXmlFile(name.c_str(), context); },
+      [&] { bag->FromXmlFile(name, context); },
       [&] { bag->FromXmlElement(document.GetDocumentElement(), context); },
+      [&] { bag->FromJson("{", context); },
+      [&] { bag->FromJson(u"{", context); },
+      [&] { bag->FromJsonStream(&byte, 1, context); },
+      [&] { bag->FromJsonFile(name, context); },
   };
+  for (auto& call : toFiles(kGZip)) calls.push_back(call);
+  const ErrorBox previous = SetErrorBox(
+      [](const WString& title, const WString& text) { g_boxes += title + u": " + text + u"\n"; });
   SetGeneratorVersion(16, 2);
   for (const auto& call : calls) {
-    EXPECT_EQ(MessageOf<CTovikException>(call),
-              u"Wrong Version (Tovik Runtime: v16.1, Generator: v16.2)");
+    g_boxes.clear();
+    EXPECT_EQ(Outcome(call), u"!Exception Wrong Version (Tovik Runtime: v16.1, Generator: v16.2)");
+    EXPECT_EQ(g_boxes,
+              u"Version Mismatch Error: Please ensure your generated code is the same version as "
+              u"this library (Tovik Runtime: v16.1, Generator: v16.2).\n");
   }
-  EXPECT_EQ(MessageOf<CTovikException>([&] {
-              bag->ToXmlFile(name.c_str(), false, false, Encoding_UTF8, EOL_LF, context,
-                             Compression_ZLib);
-            }),
-            u"ZLIB Compression only available for To Stream methods.");
+  // What is wrong with the call itself is told first.
+  for (const auto& call : toFiles(kZLib)) {
+    EXPECT_EQ(Outcome(call), u"!Exception ZLIB Compression only available for To Stream methods.");
+  }
   SetGeneratorVersion(16, 1);
-  EXPECT_EQ(g_boxes, static_cast<int>(std::size(calls)));
-  EXPECT_EQ(g_boxText,
-            u"Version Mismatch Error: Please ensure your generated code is the same version as "
-            u"this library (Tovik Runtime: v16.1, Generator: v16.2).");
+  SetErrorBox(previous);
 }
 
 TEST(Objects, CountReferencesOnSeveralThreads) {

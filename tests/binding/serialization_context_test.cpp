@@ -7,28 +7,23 @@
 #include "tovikxml/json/context.h"
 
 using namespace TovikXmlLib16;
-using TovikXmlTest::MessageOf;
+using namespace TovikXmlTest;
 
 TEST(SerializationContext, RefusesToIgnoreBothUnknownAndMissingElements) {
   const WString both =
-      u"The parser can only ignore additional elements, or ignore the fact that some required ones "
-      u"are missing, you can not ignore both\n";
+      u"!InvalidState The parser can only ignore additional elements, or ignore the fact that some "
+      u"required ones are missing, you can not ignore both\nSet Ignore";
   CSerializationContext context;
   context.SetIgnoreMissingMandatoryElements(true);
   EXPECT_EQ(
-      MessageOf<CTovikInvalidStateException>([&] { context.SetIgnoreUnknownElements(true); }),
-      both +
-          u"Set IgnoreMissingMandatoryElements to false before setting IgnoreUnknownElements to "
-          u"true");
+      Outcome([&] { context.SetIgnoreUnknownElements(true); }),
+      both + u"MissingMandatoryElements to false before setting IgnoreUnknownElements to true");
   EXPECT_FALSE(context.GetIgnoreUnknownElements());
   context.SetIgnoreMissingMandatoryElements(false);
   context.SetIgnoreUnknownElements(true);
   EXPECT_EQ(
-      MessageOf<CTovikInvalidStateException>(
-          [&] { context.SetIgnoreMissingMandatoryElements(true); }),
-      both +
-          u"Set IgnoreUnknownElements to false before setting IgnoreMissingMandatoryElements to "
-          u"true");
+      Outcome([&] { context.SetIgnoreMissingMandatoryElements(true); }),
+      both + u"UnknownElements to false before setting IgnoreMissingMandatoryElements to true");
   EXPECT_FALSE(context.GetIgnoreMissingMandatoryElements());
 }
 
@@ -36,8 +31,8 @@ TEST(SerializationContext, TakesBlanksAndTabsAsIndent) {
   CSerializationContext context;
   EXPECT_EQ(context.GetIndentChars(), u"\t");
   context.SetIndentChars(u"  \t");
-  EXPECT_EQ(MessageOf<CTovikInvalidParamException>([&] { context.SetIndentChars(u" x"); }),
-            u"IndentChars can only contain Whitespace characters, i.e. \t or spaces");
+  EXPECT_EQ(Outcome([&] { context.SetIndentChars(u" x"); }),
+            u"!InvalidParam IndentChars can only contain Whitespace characters, i.e. \t or spaces");
   EXPECT_EQ(context.GetIndentChars(), u"  \t");
   context.SetIndentChars(nullptr);
   EXPECT_EQ(context.GetIndentChars(), u"");

@@ -21,6 +21,16 @@ WString ClassNameOf(const CTovikException& e) {
   return u"unknown";
 }
 
+CBinaryData ToBytes(std::string_view bytes) {
+  CBinaryData data;
+  data.SetBuffer(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+  return data;
+}
+
+std::string FromBytes(const CBinaryData& data) {
+  return {reinterpret_cast<const char*>(data.GetData()), data.GetLength()};
+}
+
 std::string FromHex(std::string_view digits) {
   std::string bytes, pair;
   for (const char c : digits) {

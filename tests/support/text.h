@@ -10,6 +10,7 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/gtest_text.h"
 #include "tovikxml/base/utf8.h"
+#include "tovikxml/values/binary_data.h"
 
 namespace TovikXmlTest {
 
@@ -57,6 +58,10 @@ template <class Number>
 TovikXmlLib16::WString NumberText(Number number) {
   return Wide(std::to_string(number));
 }
+
+/// Bytes as the library takes and gives them.
+TovikXmlLib16::CBinaryData ToBytes(std::string_view bytes);
+std::string FromBytes(const TovikXmlLib16::CBinaryData& data);
 
 /// Bytes from hexadecimal digits, between which blanks may stand, and back.
 std::string FromHex(std::string_view digits);
