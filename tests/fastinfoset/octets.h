@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/support/text.h"
+#include "tests/support/tree_text.h"
 #include "tests/support/writer_script.h"
 #include "tovikxml/document/binary_stream.h"
 #include "tovikxml/fastinfoset/writer.h"
@@ -43,33 +44,6 @@ inline CBinaryData WriteDocument(const std::function<void(CFastInfosetWriter&)>&
   writer.WriteEndDocument();
   writer.Close();
   return stream.GetData();
-}
-
-inline void AppendDescription(WString& out, const CXmlElement& element) {
-  const auto append = [&](const WString& uri, const WString& name) {
-    if (!uri.empty()) out.append(u"{" + uri + u"}");
-    out.append(name);
-  };
-  append(element.GetNamespaceURI(), element.GetLocalName());
-  for (const CXmlAttribute* attribute : element.GetAttributes()) {
-    out.append(u" ");
-    append(attribute->GetNamespaceURI(), attribute->GetLocalName());
-    out.append(u"=" + attribute->GetValue());
-  }
-  if (!element.GetText().empty()) out.append(u"'" + element.GetText() + u"'");
-  for (const CXmlElement* child = element.GetFirstElement(); child;
-       child = child->GetNextSiblingElement()) {
-    out.append(u"(");
-    AppendDescription(out, *child);
-    out.append(u")");
-  }
-}
-
-/// The tree of a document, such as "a b=1'text'({urn:x}c)".
-inline WString Describe(const CXmlDocument& document) {
-  WString out;
-  if (document.GetDocumentElement()) AppendDescription(out, *document.GetDocumentElement());
-  return out;
 }
 
 inline WString TreeOf(const CBinaryData& octets,
