@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "tests/collections/listener.h"
 #include "tests/support/bag.h"
 #include "tests/support/text.h"
 
@@ -15,23 +16,6 @@ const Shape& ItemShape() {
   static const Shape shape(xgt_Sequence, xet_Element, u"item");
   return shape;
 }
-
-/// Writes what it hears as a line: the letters A, a, R, r, C for the five events.
-class Listener : public IEventSink {
- public:
-  void OnEvent(CXmlObjectBase* sender, MsgType type, void* data) override {
-    heard += "CAaRr"[type];
-    if (type == CollectionRemove || type == CollectionRemoveComplete) {
-      heard += data ? std::to_string(*static_cast<int*>(data)) : "-";
-    } else if (data) {
-      heard += std::to_string(static_cast<CXmlCollectionBase*>(sender)->GetCount());
-    }
-    if (refuses && type == CollectionAdd) throw CTovikInvalidValueException(u"no");
-  }
-
-  std::string heard;
-  bool refuses = false;
-};
 
 CSmartPtr<Bag> Named(const wchar* name) {
   return NewBag(ItemShape(), name);
@@ -70,35 +54,32 @@ TEST(Collection, TellsListenersInOrderAlsoOnFailure) {
   const CSmartPtr<BagCol> items(new BagCol(u"item", ItemShape(), 0, -1));
   Listener listener;
   items->AddEventListener(&listener);
-  const auto heard = [&] { return std::exchange(listener.heard, std::string()); };
   items->AppendItem(Named(u"a"));
-  EXPECT_EQ(heard(), "A0a1C");
+  EXPECT_EQ(listener.Heard(), "A0a1C");
   items->Remove(0);
-  EXPECT_EQ(heard(), "R-r-C");
+  EXPECT_EQ(listener.Heard(), "R-r-C");
   const CSmartPtr<Bag> stranger = Named(u"s");
-  EXPECT_EQ(
-      MessageOf<CTovikInvalidParamException>([&] { items->AddAfterItem(stranger, Named(u"b")); }),
-      u"The object was not found in the collection");
-  EXPECT_EQ(heard(), "A0");
-  EXPECT_EQ(MessageOf<CTovikInvalidParamException>([&] { items->AddItemAt(1, stranger); }),
-            u"Index out of range");
-  EXPECT_EQ(MessageOf<CTovikInvalidParamException>([&] { items->Remove(0); }),
-            u"Index 0 is out of range, use 0 - -1");
-  MessageOf<CTovikInvalidParamException>([&] { items->AppendItem(nullptr); });
-  EXPECT_EQ(heard(), "");
+  EXPECT_EQ(Outcome([&] { items->AddAfterItem(stranger, Named(u"b")); }),
+            u"!InvalidParam The object was not found in the collection");
+  EXPECT_EQ(listener.Heard(), "A0");
+  EXPECT_EQ(Outcome([&] { items->AddItemAt(1, stranger); }), u"!InvalidParam Index out of range");
+  EXPECT_EQ(Outcome([&] { items->Remove(0); }),
+            u"!InvalidParam Index 0 is out of range, use 0 - -1");
+  EXPECT_THROW(items->AppendItem(nullptr), CTovikInvalidParamException);
+  EXPECT_EQ(listener.Heard(), "");
   listener.refuses = true;
-  MessageOf<CTovikInvalidValueException>([&] { items->AppendItem(stranger); });
+  EXPECT_THROW(items->AppendItem(stranger), CTovikInvalidValueException);
   EXPECT_EQ(items->GetCount(), 0);
   listener.refuses = false;
-  heard();
+  listener.Heard();
 
   items->AddEventListener(&listener);
   items->AppendItem(stranger);
-  EXPECT_EQ(heard(), "A0A0a1a1CC");
+  EXPECT_EQ(listener.Heard(), "A0A0a1a1CC");
   items->RemoveEventListener(&listener);
   items->Clear();
-  EXPECT_EQ(heard(), "");
-  MessageOf<CTovikInvalidParamException>([&] { items->AddEventListener(nullptr); });
+  EXPECT_EQ(listener.Heard(), "");
+  EXPECT_THROW(items->AddEventListener(nullptr), CTovikInvalidParamException);
 }
 
 TEST(Collection, ChecksItsCountMaximumFirst) {
@@ -106,16 +87,16 @@ TEST(Collection, ChecksItsCountMaximumFirst) {
   CSerializationContext lenient;
   lenient.SetIgnoreInvalidCollectionCounts(true);
   const CSmartPtr<BagCol> items(new BagCol(u"item", ItemShape(), 5, 2));
-  EXPECT_EQ(MessageOf<CTovikValidationException>([&] { items->ValidateCount(strict); }),
-            u"The Minimum number of [item] elements allowed in this collection is 5");
+  EXPECT_EQ(Outcome([&] { items->ValidateCount(strict); }),
+            u"!Validation The Minimum number of [item] elements allowed in this collection is 5");
   for (int i = 0; i < 3; ++i) items->Add();
-  EXPECT_EQ(MessageOf<CTovikValidationException>([&] { items->ValidateCount(strict); }),
-            u"The Maximum number of [item] elements allowed in this collection is 2");
+  EXPECT_EQ(Outcome([&] { items->ValidateCount(strict); }),
+            u"!Validation The Maximum number of [item] elements allowed in this collection is 2");
   EXPECT_FALSE(items->IsValidCount(strict));
   EXPECT_TRUE(items->IsValidCount(lenient));
   items->ValidateCount(lenient);
-  EXPECT_EQ(MessageOf<CTovikInvalidParamException>([&] { items->GetNodeAtIndex(3); }),
-            u"Index 3 is out of range, use 0 - 2");
+  EXPECT_EQ(Outcome([&] { items->GetNodeAtIndex(3); }),
+            u"!InvalidParam Index 3 is out of range, use 0 - 2");
 }
 
 TEST(Collection, HoldsReferencesOnItsItems) {
@@ -144,5 +125,5 @@ TEST(Collection, IteratesForward) {
   EXPECT_TRUE(first == second);  // different nodes, the same item
   EXPECT_EQ((*second)->Name(), u"a");
   EXPECT_TRUE(++second == Iterator());
-  EXPECT_EQ(MessageOf<CTovikException>([&] { ++second; }), u"No More Elements in the Collection");
+  EXPECT_EQ(Outcome([&] { ++second; }), u"!Exception No More Elements in the Collection");
 }

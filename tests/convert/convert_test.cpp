@@ -5,18 +5,18 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "tests/support/data_rows.h"
 #include "tests/support/temp_dir.h"
+#include "tests/support/tree_text.h"
 #include "tovikxml/tovikxml.h"
 
 namespace {
 
 using namespace TovikXmlLib16;
-using TovikXmlTest::TempDir;
+using namespace TovikXmlTest;
 
 // Of the Debian packages shared-mime-info, xkb-data, iso-codes and adwaita-icon-theme.
 constexpr const char* kRealDocuments[] = {
@@ -37,49 +37,15 @@ struct Result {
   std::string err;
 };
 
-std::string Contents(const std::filesystem::path& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << file.rdbuf();
-  return bytes.str();
-}
-
-void Store(const std::filesystem::path& path, const std::string& bytes) {
-  std::ofstream(path, std::ios::binary) << bytes;
-}
-
-// Whether both hold the same elements, attributes and texts, but for blanks between elements.
-void ExpectSameTree(const CXmlElement& a, const CXmlElement& b) {
-  const auto isBlank = [](const WString& text) {
-    return text.find_first_not_of(u" \t\r\n") == WString::npos;
-  };
-  const std::string path = DisplayUtf8(a.GetXPath());
-  ASSERT_EQ(a.GetLocalName(), b.GetLocalName()) << path;
-  ASSERT_EQ(a.GetNamespaceURI(), b.GetNamespaceURI()) << path;
-  const bool areBothBlank = isBlank(a.GetText()) && isBlank(b.GetText());
-  ASSERT_TRUE(areBothBlank || a.GetText() == b.GetText()) << path;
-  ASSERT_EQ(a.GetAttributes().size(), b.GetAttributes().size()) << path;
-  for (std::size_t i = 0; i < a.GetAttributes().size(); ++i) {
-    const CXmlAttribute& attribute = *a.GetAttributes()[i];
-    ASSERT_EQ(attribute.GetLocalName(), b.GetAttributes()[i]->GetLocalName()) << path;
-    ASSERT_EQ(attribute.GetNamespaceURI(), b.GetAttributes()[i]->GetNamespaceURI()) << path;
-    ASSERT_EQ(attribute.GetValue(), b.GetAttributes()[i]->GetValue()) << path;
-  }
-  const CXmlElement* childOfA = a.GetFirstElement();
-  const CXmlElement* childOfB = b.GetFirstElement();
-  for (; childOfA && childOfB;
-       childOfA = childOfA->GetNextSiblingElement(), childOfB = childOfB->GetNextSiblingElement()) {
-    ASSERT_NO_FATAL_FAILURE(ExpectSameTree(*childOfA, *childOfB));
-  }
-  ASSERT_TRUE(!childOfA && !childOfB) << "number of children of " << path;
+// The document in a line, without the blanks between elements.
+WString TreeOf(const std::string& bytes) {
+  CXmlDocument document;
+  document.LoadXmlStream(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+  return Describe(document, BlankTexts::kLeftOut);
 }
 
 void ExpectSameDocument(const std::string& a, const std::string& b) {
-  CXmlDocument first;
-  first.LoadXmlStream(reinterpret_cast<const unsigned char*>(a.data()), a.size());
-  CXmlDocument second;
-  second.LoadXmlStream(reinterpret_cast<const unsigned char*>(b.data()), b.size());
-  ExpectSameTree(*first.GetDocumentElement(), *second.GetDocumentElement());
+  EXPECT_EQ(TreeOf(a), TreeOf(b));
 }
 
 class Convert : public testing::Test {
@@ -87,15 +53,15 @@ class Convert : public testing::Test {
   std::string Path(const char* name) const { return (m_dir.Path() / name).string(); }
 
   Result Run(const std::string& arguments, const std::string& input = "") const {
-    Store(Path("stdin"), input);
+    MakeFile(Path("stdin"), input);
     return Shell(TOVIKXML_CONVERT " " + arguments + " <'" + Path("stdin") + "'");
   }
 
   Result Shell(const std::string& command) const {
     const std::string line = command + " >'" + Path("stdout") + "' 2>'" + Path("stderr") + "'";
     const int status = std::system(line.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, Contents(Path("stdout")),
-            Contents(Path("stderr"))};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, FileBytes(Path("stdout")),
+            FileBytes(Path("stderr"))};
   }
 
   // Takes a document through outputs with these options, one after the other.
@@ -162,28 +128,16 @@ TEST_F(Convert, KeepsThePrefixesOfTheSource) {
 }
 
 TEST_F(Convert, FindsPrefixesWhereTheSourceIsAmbiguous) {
-  for (const std::string document : {
-           "<a xmlns='urn:a'><b xmlns=''/></a>",
-           "<a><b xmlns='urn:b'><c xmlns=''/></b></a>",
-           "<p:a xmlns:p='urn:1'><p:b xmlns:p='urn:2' p:c='1'/></p:a>",
-           "<a xmlns='urn:a' xmlns:ns1='urn:x' v='ns1:y'><b xmlns='urn:b'/></a>",
-           "<a xmlns='urn:a'><b xmlns='urn:b' xmlns:z='urn:a' z:c='1'/></a>",
-       }) {
-    SCOPED_TRACE(document);
+  ForEachRow("convert.txt", "ambiguous prefixes", [&](const std::string& document) {
     ExpectSameDocument(document, Through({"-t xml", "-t json", "-t fi", "-t xml"}, document));
-  }
+  });
 }
 
 TEST_F(Convert, SpellsJsonByItsOptions) {
-  const std::string document = "<a n='7'><b>1.50</b><b>007</b><c>true</c>t</a>";
-  EXPECT_EQ(Through({"-t json"}, document),
-            R"({"a": {"@n": "7","b": ["1.50","007"],"c": "true","#text": "t"}})");
-  EXPECT_EQ(Through({"-t json --typed"}, document),
-            R"({"a": {"@n": 7,"b": [1.50,"007"],"c": true,"#text": "t"}})");
-  EXPECT_EQ(Through({"-t json -j bare"}, document),
-            R"({"a": {"n": "7","b": ["1.50","007"],"c": "true","": "t"}})");
-  EXPECT_EQ(Through({"-t json -j marked"}, "<p:a xmlns:p='urn:a' p:b='1'/>"),
-            R"({"a": {"@b": "1"}})");
+  ForEachRow("convert.txt", "JSON by options",
+             [&](const std::string& options, const std::string& xml, const std::string& json) {
+               EXPECT_EQ(Through({options}, xml), json);
+             });
 }
 
 TEST_F(Convert, PacksSuggestedValues) {
@@ -196,11 +150,11 @@ TEST_F(Convert, PacksSuggestedValues) {
 }
 
 TEST_F(Convert, TakesFilesAndTellsWhatItDid) {
-  Store(Path("in.xml"), kOrder);
+  MakeFile(Path("in.xml"), kOrder);
   const std::string files = "'" + Path("in.xml") + "' '" + Path("out.json") + "'";
   const Result result = Run("--stats " + files);
   EXPECT_EQ(result.status, 0);
-  const std::string written = Contents(Path("out.json"));
+  const std::string written = FileBytes(Path("out.json"));
   const std::string expected = "xml, " + std::to_string(kOrder.size()) + " bytes -> json, " +
                                std::to_string(written.size()) + " bytes; read in ";
   EXPECT_EQ(result.err.substr(0, expected.size()), expected);
@@ -208,11 +162,11 @@ TEST_F(Convert, TakesFilesAndTellsWhatItDid) {
 
   const std::string inPlace = "'" + Path("in.xml") + "'";
   EXPECT_EQ(Run("-t fi " + inPlace + " " + inPlace).status, 0);
-  ExpectSameDocument(kOrder, Through({"-t xml"}, Contents(Path("in.xml"))));
+  ExpectSameDocument(kOrder, Through({"-t xml"}, FileBytes(Path("in.xml"))));
 }
 
 TEST_F(Convert, RefusesFaultyDocumentsAndLeavesTheOutput) {
-  Store(Path("out.xml"), "before");
+  MakeFile(Path("out.xml"), "before");
   const std::string out = "- '" + Path("out.xml") + "'";
   ExpectFailure(out, "<a>\n<b></a>", 1, "at line 2");
   ExpectFailure(out, "", 1, "empty");
@@ -224,7 +178,7 @@ TEST_F(Convert, RefusesFaultyDocumentsAndLeavesTheOutput) {
   ExpectFailure(out, packed.substr(0, packed.size() / 2), 1, "neither XML nor JSON");
   ExpectFailure("-t fi '" + Path("absent") + "'", "", 1, "cannot read");
   ExpectFailure("-t fi - '" + Path("absent/out") + "'", "<a/>", 1, "cannot write");
-  EXPECT_EQ(Contents(Path("out.xml")), "before");
+  EXPECT_EQ(FileBytes(Path("out.xml")), "before");
 }
 
 TEST_F(Convert, LimitsTheNesting) {
@@ -236,16 +190,10 @@ TEST_F(Convert, LimitsTheNesting) {
 }
 
 TEST_F(Convert, TellsWrongUsage) {
-  ExpectFailure("", "<a/>", 2, "--to is needed");
-  ExpectFailure("-t yaml", "<a/>", 2, "xml, json, fi, not 'yaml'");
-  ExpectFailure("--unknown", "<a/>", 2, "--help");
-  ExpectFailure("-t fi -e utf-16", "<a/>", 2, "--encoding");
-  ExpectFailure("-t fi -p", "<a/>", 2, "--pretty");
-  ExpectFailure("-t xml --suggested-values", "<a/>", 2, "--suggested-values");
-  ExpectFailure("-t xml --typed", "<a/>", 2, "--typed");
-  ExpectFailure("-t xml --indent 17", "<a/>", 2, "0 to 16");
-  ExpectFailure("-t xml --max-nesting 1x", "<a/>", 2, "1 to 5000");
-  ExpectFailure("-t xml a b c", "", 2, "at most one input");
+  ForEachRow("convert.txt", "wrong usage",
+             [&](const std::string& arguments, const std::string& message) {
+               ExpectFailure(arguments, "<a/>", 2, message);
+             });
   EXPECT_EQ(Run("--help").out.substr(0, 6), "usage:");
   EXPECT_NE(Run("--version").out.find("16.1"), std::string::npos);
 }
@@ -256,7 +204,7 @@ TEST_F(Convert, KeepsRealDocuments) {
     if (!std::filesystem::exists(path)) continue;
     SCOPED_TRACE(path);
     ++found;
-    const std::string source = Contents(path);
+    const std::string source = FileBytes(path);
     ExpectSameDocument(source, Through({"-t fi --suggested-values", "-t json --typed -z gzip",
                                         "-t xml -e utf-16", "-t fi -z zlib", "-t xml"},
                                        source));
@@ -267,8 +215,8 @@ TEST_F(Convert, KeepsRealDocuments) {
 // The canonical form by an independent program. Prefixes are part of it.
 TEST_F(Convert, AgreesWithXmllint) {
   if (Shell("xmllint --version").status != 0) GTEST_SKIP() << "xmllint is absent";
-  Store(Path("source.xml"), kOrder);
-  Store(Path("result.xml"), Through({"-t fi", "-t json -p", "-t xml"}, kOrder));
+  MakeFile(Path("source.xml"), kOrder);
+  MakeFile(Path("result.xml"), Through({"-t fi", "-t json -p", "-t xml"}, kOrder));
   const Result source = Shell("xmllint --exc-c14n '" + Path("source.xml") + "'");
   const Result result = Shell("xmllint --exc-c14n '" + Path("result.xml") + "'");
   ASSERT_EQ(result.status, 0) << result.err;

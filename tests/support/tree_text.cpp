@@ -6,7 +6,7 @@ using namespace TovikXmlLib16;
 
 namespace {
 
-void AppendDescription(WString& out, const CXmlElement& element) {
+void AppendDescription(WString& out, const CXmlElement& element, BlankTexts blankTexts) {
   const auto append = [&](const WString& uri, const WString& name) {
     if (!uri.empty()) out.append(u"{" + uri + u"}");
     out.append(name);
@@ -17,20 +17,23 @@ void AppendDescription(WString& out, const CXmlElement& element) {
     append(attribute->GetNamespaceURI(), attribute->GetLocalName());
     out.append(u"=" + attribute->GetValue());
   }
-  if (!element.GetText().empty()) out.append(u"'" + element.GetText() + u"'");
+  const bool isBlank = element.GetText().find_first_not_of(u" \t\r\n") == WString::npos;
+  const bool isShown = !isBlank || blankTexts == BlankTexts::kKept;
+  if (isShown && !element.GetText().empty()) out.append(u"'" + element.GetText() + u"'");
   for (const CXmlElement* child = element.GetFirstElement(); child;
        child = child->GetNextSiblingElement()) {
     out.append(u"(");
-    AppendDescription(out, *child);
+    AppendDescription(out, *child, blankTexts);
     out.append(u")");
   }
 }
 
 }  // namespace
 
-WString Describe(const CXmlDocument& document) {
+WString Describe(const CXmlDocument& document, BlankTexts blankTexts) {
   WString out;
-  if (document.GetDocumentElement()) AppendDescription(out, *document.GetDocumentElement());
+  if (document.GetDocumentElement())
+    AppendDescription(out, *document.GetDocumentElement(), blankTexts);
   return out;
 }
 

@@ -5,8 +5,11 @@
 
 namespace TovikXmlTest {
 
+enum class BlankTexts { kKept, kLeftOut };
+
 /// The tree of a document in a line, such as "a b=1'text'({urn:x}c)".
-TovikXmlLib16::WString Describe(const TovikXmlLib16::CXmlDocument& document);
+TovikXmlLib16::WString Describe(const TovikXmlLib16::CXmlDocument& document,
+                                BlankTexts blankTexts = BlankTexts::kKept);
 
 }  // namespace TovikXmlTest
 
