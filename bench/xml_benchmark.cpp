@@ -16,6 +16,9 @@
 #ifdef TOVIKXML_BENCH_PUGIXML
 #include <pugixml.hpp>
 #endif
+#ifdef TOVIKXML_BENCH_GSOAP
+#include "bench/gsoap_orders.h"
+#endif
 #ifdef TOVIKXML_BENCH_XSD
 #include <sstream>
 
@@ -141,6 +144,24 @@ void XsdText(benchmark::State& state, const std::string& document) {
 }
 #endif
 
+#ifdef TOVIKXML_BENCH_GSOAP
+void GsoapObjects(benchmark::State& state, const std::string& document) {
+  TovikXmlBench::GsoapOrders orders;
+  for (auto _ : state) {
+    orders.Read(document);
+    orders.Free();
+  }
+  CountBytes(state, document);
+}
+
+void GsoapText(benchmark::State& state, const std::string& document) {
+  TovikXmlBench::GsoapOrders orders;
+  orders.Read(document);
+  for (auto _ : state) benchmark::DoNotOptimize(orders.Write());
+  CountBytes(state, document);
+}
+#endif
+
 template <class Root>
 void Register(const std::string& name, const std::string& document, const wchar* uri) {
   if (document.empty()) return;
@@ -164,6 +185,12 @@ void Register(const std::string& name, const std::string& document, const wchar*
     add((std::string("Fast Infoset to objects") + values).c_str(), FastInfosetToObjects<Root>,
         suggested);
   }
+#ifdef TOVIKXML_BENCH_GSOAP
+  if (name == "orders") {
+    add("text to objects, gSOAP", GsoapObjects);
+    add("objects to text, gSOAP", GsoapText);
+  }
+#endif
 #ifdef TOVIKXML_BENCH_XSD
   if (name == "orders") {
     add("text to objects, CodeSynthesis XSD", XsdObjects);
