@@ -70,9 +70,14 @@ with_pkg_config() {
 }
 
 # Only what is installed is in the include path, so that a header which leads to an internal one
-# does not compile.
+# does not compile. Nor may one bring in what costs every source that includes it.
 headers_alone() {
   local include=$1 compiler
+  if grep -rnE '#include <(algorithm|functional|iomanip|iostream|locale|regex|sstream)>' "$include"
+  then
+    echo "a public header includes a heavy one"
+    exit 1
+  fi
   for compiler in g++ clang++; do
     (cd "$include" && find tovikxml -name '*.h' -print0) |
       quietly xargs -0 -P "$(nproc)" -I '{}' "$compiler" -std=c++17 "${warnings[@]}" \

@@ -1,5 +1,7 @@
 #include "tovikxml/document/tree_text.h"
 
+#include <algorithm>
+
 namespace TovikXmlLib16 {
 namespace {
 

@@ -1,7 +1,6 @@
 #ifndef TOVIKXML_DOCUMENT_TREE_TEXT_H_
 #define TOVIKXML_DOCUMENT_TREE_TEXT_H_
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -10,6 +9,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
 
+/// @file
 /// The texts of the nodes of a document. Most are short, and few are asked for as a `WString`; so
 /// they lie one behind the other in the room of the document, without an allocation of their own.
 namespace TovikXmlLib16 {
@@ -51,7 +51,7 @@ class TOVIKXML_EXPORT CXmlTreeText {
     if (m_isString || text.size() > std::size_t{m_capacity} - m_size) {
       return AppendGrowing(text, room, usual);
     }
-    std::copy(text.begin(), text.end(), m_units + m_size);
+    text.copy(m_units + m_size, text.size());
     m_size = static_cast<std::uint16_t>(m_size + text.size());
   }
   /// Empties it for another node, and keeps its room unless that is unusually large.
