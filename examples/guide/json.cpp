@@ -61,6 +61,17 @@ void Unwrapped() {
   std::cout << album->GetTracks()->GetCount() << " track\n";
 }
 
+void Tree() {
+  // snippet: tree
+  CXmlDocument document;
+  const CBinaryData xml = document.LoadJson(R"({"city": {"@id": 8001, "name": "Zürich"}})");
+  document.LoadXmlStream(xml.GetData(), xml.GetLength());
+  const CXmlElement* city = document.GetDocumentElement();
+  std::cout << DisplayUtf8(city->GetAttribute(u"id", u"")) << ", "
+            << DisplayUtf8(city->GetFirstElement()->GetText()) << '\n';
+  // end snippet
+}
+
 void Faulty() {
   // snippet: faulty
   CSerializationContext context;
@@ -88,6 +99,8 @@ int main() {
   Receive();
   Section("unwrapped");
   Unwrapped();
+  Section("tree");
+  Tree();
   Section("faulty");
   Faulty();
 }
