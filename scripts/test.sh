@@ -33,7 +33,7 @@ step "address and undefined-behaviour sanitizers"
 build_and_test asan-ubsan .
 
 step "thread sanitizer"
-build_and_test tsan Thread test_binding test_values guide_threads
+build_and_test tsan Thread test_binding test_threads test_values guide_threads
 
 step "8-bit expat"
 build_and_test narrow 'document|binding|example|fuzz'

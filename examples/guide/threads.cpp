@@ -40,8 +40,6 @@ void OwnContexts() {
 void SharedContext() {
   // snippet: shared
   const CSerializationContext context = Settings();
-  context.GetFIContext();                 // made now, in one thread
-  context.GetAdditionalRootAttributes();  // the same
   const auto work = [&context] {
     CSmartPtr<Orders::COrderList> list(new Orders::COrderList);
     list->FromXmlFile(u"orders.xml", context);

@@ -1,5 +1,7 @@
 #include "tovikxml/binding/serialization_context.h"
 
+#include <mutex>
+
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/collections/attribute_col.h"
@@ -8,6 +10,20 @@
 
 namespace TovikXmlLib16 {
 namespace {
+
+// Guards the members that are made when they are first asked for, in all contexts: a context that
+// threads share is not changed by them, so far as they can tell.
+std::mutex& LazyMembers() {
+  static std::mutex mutex;
+  return mutex;
+}
+
+template <class T>
+T& MadeOnce(std::unique_ptr<T>& member) {
+  const std::lock_guard lock(LazyMembers());
+  if (!member) member = std::make_unique<T>();
+  return *member;
+}
 
 template <class T>
 std::unique_ptr<T> CopyOf(const std::unique_ptr<T>& source) {
@@ -31,9 +47,12 @@ CSerializationContext::CSerializationContext(const CSerializationContext& other)
 
 CSerializationContext& CSerializationContext::operator=(const CSerializationContext& other) {
   if (this == &other) return *this;
-  m_jsonContext = CopyOf(other.m_jsonContext);
-  m_fastInfosetContext = CopyOf(other.m_fastInfosetContext);
-  m_additionalRootAttributes = other.m_additionalRootAttributes;
+  {
+    const std::lock_guard lock(LazyMembers());
+    m_jsonContext = CopyOf(other.m_jsonContext);
+    m_fastInfosetContext = CopyOf(other.m_fastInfosetContext);
+    m_additionalRootAttributes = other.m_additionalRootAttributes;
+  }
   m_defaultNamespaceUri = other.m_defaultNamespaceUri;
   m_namespaceAliases = other.m_namespaceAliases;
   m_instructions = other.m_instructions;
@@ -99,16 +118,15 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
 }
 
 CJsonContext& CSerializationContext::GetJsonContext() const {
-  if (!m_jsonContext) m_jsonContext = std::make_unique<CJsonContext>();
-  return *m_jsonContext;
+  return MadeOnce(m_jsonContext);
 }
 
 CFastInfosetContext& CSerializationContext::GetFIContext() const {
-  if (!m_fastInfosetContext) m_fastInfosetContext = std::make_unique<CFastInfosetContext>();
-  return *m_fastInfosetContext;
+  return MadeOnce(m_fastInfosetContext);
 }
 
 CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
+  const std::lock_guard lock(LazyMembers());
   if (!m_additionalRootAttributes) {
     m_additionalRootAttributes = new CAttributeCol(u"", u"##any", u"");
   }

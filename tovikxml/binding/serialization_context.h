@@ -31,10 +31,13 @@ enum SchemaType : int {
 ///     context.SetIgnoreUnknownElements(true);
 ///     order->FromXml(text, context);
 ///
-/// A context is a plain settings object; no call changes it, except that reading JSON changes the
-/// namespace flag for the length of the call. The members that are made when first asked for
-/// (`GetJsonContext`, `GetFIContext`, `GetAdditionalRootAttributes`) must be made before a context
-/// is shared between threads; reading and writing Fast Infoset asks for its settings.
+/// A context is a plain settings object; no call changes it, except that reading JSON in the modes
+/// without namespaces (`jrt_Bare`, `jrt_Marked`) sets the flag of `SetIgnoreNamespaces` for the
+/// length of the call.
+///
+/// Any number of threads may use one context at once, with its JSON and Fast Infoset settings, and
+/// may copy it, as long as none changes it. Where they read JSON in those modes, the flag has to be
+/// set before.
 class TOVIKXML_EXPORT CSerializationContext {
  public:
   CSerializationContext();
@@ -94,7 +97,9 @@ class TOVIKXML_EXPORT CSerializationContext {
   /// @}
 
   /// Whether only local names are compared while reading.
-  void SetIgnoreNamespaces(bool value) { m_ignoreNamespaces = value; }
+  void SetIgnoreNamespaces(bool value) {
+    if (m_ignoreNamespaces != value) m_ignoreNamespaces = value;  // no write that threads could see
+  }
   /// True as well if the schema type is `st_NoNamespaces`.
   bool GetIgnoreNamespaces() const { return m_ignoreNamespaces || m_schemaType == st_NoNamespaces; }
   void SetSchemaType(SchemaType type) { m_schemaType = type; }
