@@ -25,7 +25,7 @@ ByteArray Copy(const std::uint8_t* data, std::size_t size) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   try {
     ByteArray bytes = Copy(data, size);
-    DecompressData(bytes, kLimit);
+    DecompressData(bytes, {kLimit, 1000});
     if (bytes.length > kLimit && bytes.length != size) std::abort();
   } catch (const CTovikException&) {
     // beyond the limit
@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     } catch (const CTovikException&) {
       continue;  // does not shrink
     }
-    DecompressData(bytes, size);
+    DecompressData(bytes, {size, 1000});
     if (bytes.length != size || std::memcmp(bytes.data.get(), data, size) != 0) std::abort();
   }
   return 0;

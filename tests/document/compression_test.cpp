@@ -34,7 +34,7 @@ constexpr std::uint64_t kAmple = std::uint64_t{1} << 30;
 
 std::string Decompressed(std::string_view text, std::uint64_t limit = kAmple) {
   ByteArray bytes = ArrayOf(text);
-  DecompressData(bytes, limit);
+  DecompressData(bytes, {limit, 1000});
   return StringOf(bytes);
 }
 

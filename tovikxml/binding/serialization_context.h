@@ -128,6 +128,22 @@ class TOVIKXML_EXPORT CSerializationContext {
   void SetMaxDecompressedSize(std::uint64_t bytes) { m_maxDecompressedSize = bytes; }
   std::uint64_t GetMaxDecompressedSize() const { return m_maxDecompressedSize; }
 
+  /// How many times its size compressed input may expand to, once it is beyond `kRatioFreeSize`
+  /// bytes; more ends in `CTovikException` "The decompressed data exceeds the limit of %u times the
+  /// compressed data". Markup that repeats seldom shrinks to less than a hundredth, a bomb to about
+  /// a thousandth.
+  static constexpr std::uint32_t kDefaultMaxDecompressionRatio = 1000;
+  static constexpr std::uint64_t kRatioFreeSize = std::uint64_t{1} << 24;
+  void SetMaxDecompressionRatio(std::uint32_t times) { m_maxDecompressionRatio = times; }
+  std::uint32_t GetMaxDecompressionRatio() const { return m_maxDecompressionRatio; }
+
+  /// How many entries each table of names and values may grow to while a Fast Infoset document is
+  /// read; more ends in `CTovikException` "Failed to parse FastInfoset. A table exceeds the limit
+  /// of %u entries." The format itself lets tables end at the default.
+  static constexpr std::uint32_t kDefaultMaxTableEntries = std::uint32_t{1} << 20;
+  void SetMaxTableEntries(std::uint32_t entries) { m_maxTableEntries = entries; }
+  std::uint32_t GetMaxTableEntries() const { return m_maxTableEntries; }
+
   /// How many bytes of text, in its 16-bit form, a Fast Infoset document may expand to in names,
   /// values and content, since a few octets can refer to a long text again and again; more ends in
   /// `CTovikException` "Failed to parse FastInfoset. The text exceeds the limit of %llu bytes."
@@ -148,6 +164,8 @@ class TOVIKXML_EXPORT CSerializationContext {
   int m_maxNesting = kDefaultMaxNesting;
   std::uint64_t m_maxDecompressedSize = kDefaultMaxDecompressedSize;
   std::uint64_t m_maxExpandedText = kDefaultMaxExpandedText;
+  std::uint32_t m_maxDecompressionRatio = kDefaultMaxDecompressionRatio;
+  std::uint32_t m_maxTableEntries = kDefaultMaxTableEntries;
   bool m_writeTypeAttribute = true;
   bool m_noOptionalAttributeDefaults = false;
   bool m_writeDefaultElementValues = false;

@@ -7,6 +7,7 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
+#include "tovikxml/binding/serialization_context.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -87,6 +88,19 @@ ByteArray Compressed(const unsigned char* data, std::uint32_t length, Compressio
   throw CTovikException(FormatString(u"Failed to compress data. [Error Code: %d]", code));
 }
 
+void RequireWithin(const DecompressionLimits& limits, std::uint32_t compressed,
+                   std::uint64_t decompressed) {
+  if (decompressed > limits.bytes) {
+    throw CTovikException(
+        FormatString(u"The decompressed data exceeds the limit of %llu bytes", limits.bytes));
+  }
+  if (decompressed > CSerializationContext::kRatioFreeSize &&
+      decompressed > std::uint64_t{limits.ratio} * compressed) {
+    throw CTovikException(FormatString(
+        u"The decompressed data exceeds the limit of %u times the compressed data", limits.ratio));
+  }
+}
+
 }  // namespace
 
 void CompressData(ByteArray& buffer, CompressionType type) {
@@ -99,25 +113,26 @@ void CompressBinaryData(CBinaryData& data, CompressionType type) {
   data = ToBinaryData(Compressed(data.GetData(), length, type));
 }
 
+DecompressionLimits DecompressionLimitsOf(const CSerializationContext& context) {
+  return {context.GetMaxDecompressedSize(), context.GetMaxDecompressionRatio()};
+}
+
 std::optional<CBinaryData> TryDecompress(const unsigned char* data, std::uint32_t length,
-                                         std::uint64_t limit) {
+                                         const DecompressionLimits& limits) {
   ByteArray work = NewByteArray(kWorkSize);
   InflateStream stream(data, length);
   CBinaryData output;
   while (true) {
     const int code = stream.Next(work);
     if (code != Z_OK && code != Z_STREAM_END) return std::nullopt;
-    if (work.length > limit - output.GetLength()) {
-      throw CTovikException(
-          FormatString(u"The decompressed data exceeds the limit of %llu bytes", limit));
-    }
+    RequireWithin(limits, length, output.GetLength() + std::uint64_t{work.length});
     output.Append(work.data.get(), work.length);
     if (code == Z_STREAM_END) return output;
   }
 }
 
-void DecompressData(ByteArray& buffer, std::uint64_t limit) {
-  std::optional<CBinaryData> result = TryDecompress(buffer.data.get(), buffer.length, limit);
+void DecompressData(ByteArray& buffer, const DecompressionLimits& limits) {
+  std::optional<CBinaryData> result = TryDecompress(buffer.data.get(), buffer.length, limits);
   if (result) buffer = TakeBytes(*result);
 }
 

@@ -85,7 +85,7 @@ void CXmlDocument::LoadXml(const wchar* text) {
 void CXmlDocument::Parse(const unsigned char* data, std::size_t size) {
   const std::uint32_t length = CheckedLength(size);
   const std::optional<CBinaryData> expanded =
-      TryDecompress(data, length, m_context->GetMaxDecompressedSize());
+      TryDecompress(data, length, DecompressionLimitsOf(*m_context));
   if (expanded) return ParseExpanded(expanded->GetData(), expanded->GetLength());
   ParseExpanded(data, length);
 }

@@ -49,13 +49,6 @@ Entry& EntryAt(std::vector<Entry>& table, std::uint32_t index, const wchar* what
   return table[index - 1];
 }
 
-template <class Entry>
-bool AddTo(std::vector<Entry>& table, Entry entry) {
-  if (table.size() >= kMaxVocabularyTable) return false;
-  table.push_back(std::move(entry));
-  return true;
-}
-
 template <class Table>
 std::vector<WString> StringsOf(const Table& table) {
   return {table.begin(), table.end()};
@@ -63,11 +56,23 @@ std::vector<WString> StringsOf(const Table& table) {
 
 }  // namespace
 
+// False for a table that the format lets grow no more.
+template <class Entry>
+bool CFastInfosetReader::AddTo(std::vector<Entry>& table, const Entry& entry) {
+  if (table.size() >= kMaxVocabularyTable) return false;
+  if (table.size() >= m_tableLimit) {
+    ThrowParseFailure(FormatString(u"A table exceeds the limit of %u entries.", m_tableLimit));
+  }
+  table.push_back(entry);
+  return true;
+}
+
 CFastInfosetReader::CFastInfosetReader(const CFastInfosetContext& context, CXmlDocument& document)
     : CInstanceMonitor(u"CFastInfosetReader"),
       m_document(document),
       m_textLimit(document.m_context->GetMaxExpandedText()),
-      m_textLeft(m_textLimit) {
+      m_textLeft(m_textLimit),
+      m_tableLimit(document.m_context->GetMaxTableEntries()) {
   const CFIVocabulary initial;
   const CFIVocabulary& start =
       context.GetUseGeneratedVocabulary() ? *context.GetVocabulary() : initial;

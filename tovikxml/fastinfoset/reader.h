@@ -23,8 +23,8 @@ struct CXmlName;
 ///
 /// Bad input ends in `CTovikException` "Failed to parse FastInfoset. ..." or in one of the messages
 /// of `CFastInfosetBinaryData`. Nothing outside the octets or a table is looked at, no stack is
-/// taken for depth, a table ends at 2^20 entries, and the text is limited by `SetMaxExpandedText`
-/// of the context. Internal.
+/// taken for depth, and text and tables are limited by `SetMaxExpandedText` and
+/// `SetMaxTableEntries` of the context. Internal.
 class CFastInfosetReader : public CInstanceMonitor {
  public:
   CFastInfosetReader(const CFastInfosetContext& context, CXmlDocument& document);
@@ -71,6 +71,8 @@ class CFastInfosetReader : public CInstanceMonitor {
   void ReadEncodedString(CFIOctetInput& input, const FIStringCode& code, unsigned octet);
   void CountText(std::size_t units);
   bool HasOpenElement() const;
+  template <class Entry>
+  bool AddTo(std::vector<Entry>& table, const Entry& entry);
 
   CXmlDocument& m_document;
   StringTable m_prefixNames;
@@ -87,6 +89,7 @@ class CFastInfosetReader : public CInstanceMonitor {
   WString m_localName;
   std::uint64_t m_textLimit;
   std::uint64_t m_textLeft;
+  std::uint32_t m_tableLimit;
 };
 
 }  // namespace TovikXmlLib16

@@ -89,7 +89,7 @@ CBinaryData CXmlDocument::LoadJson(const wchar* text) {
 }
 
 CBinaryData CXmlDocument::ParseJson(ByteArray input) {
-  DecompressData(input, m_context->GetMaxDecompressedSize());
+  DecompressData(input, DecompressionLimitsOf(*m_context));
   return ConvertJsonToXml(DecodeJson(WithoutMark(ViewOf(input))), *m_context);
 }
 

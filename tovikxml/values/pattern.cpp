@@ -13,6 +13,7 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/utf8.h"
+#include "tovikxml/values/restrictions.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -120,20 +121,20 @@ Code CodeOf(std::string_view pattern, const WString& value) {
   return code;
 }
 
-MatchContext MakeLimits() {
-  MatchContext limits(pcre2_match_context_create(nullptr));
+// The limits in force, in a record that each thread has for itself.
+pcre2_match_context* CurrentLimits() {
+  thread_local const MatchContext limits(pcre2_match_context_create(nullptr));
   if (!limits) throw std::bad_alloc();
-  pcre2_set_match_limit(limits.get(), kPatternMatchSteps);
-  pcre2_set_heap_limit(limits.get(), kPatternMatchKibibytes);
-  return limits;
+  pcre2_set_match_limit(limits.get(), CPrimitiveRestrictions::GetMaxPatternSteps());
+  pcre2_set_heap_limit(limits.get(), CPrimitiveRestrictions::GetMaxPatternMemory());
+  return limits.get();
 }
 
 // The result of PCRE2 for a match at the start of the subject; 0 if there were groups beyond the
 // match itself, whose places are not wanted.
 int RunMatch(const Code& code, std::string_view subject, const MatchData& match) {
-  static const MatchContext limits = MakeLimits();
   return pcre2_match(code.get(), reinterpret_cast<PCRE2_SPTR>(subject.data()), subject.size(), 0,
-                     PCRE2_ANCHORED | PCRE2_NO_UTF_CHECK, match.get(), limits.get());
+                     PCRE2_ANCHORED | PCRE2_NO_UTF_CHECK, match.get(), CurrentLimits());
 }
 
 bool IsLimit(int result) {

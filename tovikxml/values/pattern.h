@@ -21,16 +21,12 @@
 /// inside brackets.
 namespace TovikXmlLib16 {
 
-/// The work and the memory that one match may take before it is given up.
-inline constexpr unsigned kPatternMatchSteps = 1000000;
-inline constexpr unsigned kPatternMatchKibibytes = 64 * 1024;
-
 /// Whether the whole of `value`, up to a zero unit, matches an expression in UTF-8. A value with an
 /// unpaired surrogate matches nothing.
 ///
 /// Throws `CTovikException` "Invalid Regular Expression: %s Error: '%s'", with the value and the
 /// reason, for an expression that PCRE2 refuses, and "Regular Expression exceeds its limits: %s
-/// Error: '%s'" if a match takes more than the limits above.
+/// Error: '%s'" if a match takes more steps or memory than `CPrimitiveRestrictions` grants.
 ///
 /// May run on any thread. Compiled expressions are kept for the next match of the same pattern.
 bool MatchPattern(std::string_view pattern, const WString& value);

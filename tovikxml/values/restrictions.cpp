@@ -19,6 +19,9 @@ std::int32_t NumberFacet(long value) {
 
 }  // namespace
 
+std::uint32_t CPrimitiveRestrictions::m_maxPatternSteps = kDefaultMaxPatternSteps;
+std::uint32_t CPrimitiveRestrictions::m_maxPatternMemory = kDefaultMaxPatternMemory;
+
 CPrimitiveRestrictions::CPrimitiveRestrictions(const wchar* pattern, long minLength, long maxLength,
                                                const wchar* minInclusive, const wchar* maxInclusive,
                                                const wchar* minExclusive, const wchar* maxExclusive,

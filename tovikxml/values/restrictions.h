@@ -38,11 +38,24 @@ class TOVIKXML_EXPORT CPrimitiveRestrictions {
   std::int32_t GetTotalDigits() const { return m_totalDigits; }
   std::int32_t GetFractionDigits() const { return m_fractionDigits; }
 
+  /// How many steps, and how many kibibytes of memory, one match of a pattern may take before it is
+  /// given up, which ends in `CTovikException` "Regular Expression exceeds its limits: %s Error:
+  /// '%s'". They hold for all records; to be set before threads use them.
+  static constexpr std::uint32_t kDefaultMaxPatternSteps = 1000000;
+  static constexpr std::uint32_t kDefaultMaxPatternMemory = 64 * 1024;
+  static void SetMaxPatternSteps(std::uint32_t steps) { m_maxPatternSteps = steps; }
+  static std::uint32_t GetMaxPatternSteps() { return m_maxPatternSteps; }
+  static void SetMaxPatternMemory(std::uint32_t kibibytes) { m_maxPatternMemory = kibibytes; }
+  static std::uint32_t GetMaxPatternMemory() { return m_maxPatternMemory; }
+
   /// Whether any facet is present, so that a check has something to do.
   bool HasFacets() const { return m_hasFacets; }
 
  private:
   bool AnyFacet() const;
+
+  static std::uint32_t m_maxPatternSteps;
+  static std::uint32_t m_maxPatternMemory;
 
   WString m_pattern;
   std::int32_t m_minLength = -1;
