@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/support/bag.h"
 #include "tests/support/small_stack.h"
 #include "tests/support/text.h"
@@ -51,13 +49,6 @@ CSerializationContext WithAliases() {
   return context;
 }
 
-WString WithoutLayout(WString text) {
-  text.erase(std::remove_if(text.begin(), text.end(),
-                            [](wchar unit) { return unit == u'\n' || unit == u'\t'; }),
-             text.end());
-  return text;
-}
-
 }  // namespace
 
 // A record is given the namespace of the class, and the content it makes takes it over.
@@ -70,7 +61,7 @@ TEST(Wildcard, GivesTheNamespaceOfTheClassToNewContent) {
   EXPECT_EQ(Foreign(*bag, 0)->GetAttributes()->Add(u"i")->GetNamespace(), u"urn:class");
 }
 
-TEST(Wildcard, GivesBackForeignContentInEveryFormat) {
+TEST(Wildcard, GivesBackForeignContent) {
   const CSerializationContext context = WithAliases();
   const CSmartPtr<Bag> bag = NewBag(Envelope());
   bag->FromXml(kLetter.c_str(), context);
@@ -78,15 +69,6 @@ TEST(Wildcard, GivesBackForeignContentInEveryFormat) {
   EXPECT_EQ(bag->Value(1).GetXmlCollection()->GetCount(), 3);
   const auto written = [&] { return bag->ToXml(false, false, EOL_LF, context); };
   ASSERT_EQ(written(), kLetter);
-  bag->FromXml(bag->ToXml(true, false, EOL_CRLF, CSerializationContext()).c_str(), context);
-  EXPECT_EQ(written(), kLetter) << "with generated prefixes";
-  bag->FromXmlStream(bag->ToFastInfosetStream(fid_None, context, Compression_None), context);
-  EXPECT_EQ(written(), kLetter) << "Fast Infoset";
-  for (const bool formatted : {false, true}) {
-    bag->FromJson(bag->ToJson(formatted, EOL_LF, context).c_str(), context);
-    // JSON is read by way of indented XML text, whose white space stays in open content.
-    EXPECT_EQ(WithoutLayout(written()), kLetter) << "JSON";
-  }
   // JSON declares prefixes on the root alone.
   EXPECT_THROW(bag->ToJson(false, EOL_LF, CSerializationContext()), CTovikValidationException);
 }

@@ -8,23 +8,16 @@
 #include "tovikxml/document/file_text_stream.h"
 
 using namespace TovikXmlLib16;
-using TovikXmlTest::FileBytes;
-using TovikXmlTest::MakeFile;
-using TovikXmlTest::MessageOf;
-using TovikXmlTest::TempDir;
+using namespace TovikXmlTest;
 
 namespace {
 
-CBinaryData DataOf(std::string text) {
-  return {reinterpret_cast<unsigned char*>(text.data()), text.size(), false};
+WString FailureWith(const WString& file, const WString& number) {
+  return u"!Exception Failed to write data to the file [" + file + u"] error [" + number + u"]";
 }
 
-WString FailureWith(const WString& file, const char16_t* number) {
-  return u"Failed to write data to the file [" + file + u"] error [" + number + u"]";
-}
-
-constexpr char16_t kNoSpaceMessage[] =
-    u"Failed to write data to the file. Error [0x0000001C]";  // ENOSPC
+const WString kNoSpace =
+    u"!Exception Failed to write data to the file. Error [0x0000001C]";  // ENOSPC
 
 }  // namespace
 
@@ -87,54 +80,47 @@ TEST(FileTextStream, RefusesTextWithoutUtf8FormWhenClosed) {
     stream.WriteText(text);
     stream.Flush();
   }
-  EXPECT_EQ(MessageOf<CTovikInvalidValueException>([&] { stream.Close(); }),
-            u"The text has an unpaired surrogate and cannot be written as UTF-8");
+  EXPECT_EQ(Outcome([&] { stream.Close(); }),
+            u"!InvalidValue The text has an unpaired surrogate and cannot be written as UTF-8");
   EXPECT_EQ(FileBytes(name), "first");
   stream.Open();
   stream.Close();
 }
 
-TEST(FileTextStream, FailsAtTheFirstFlushWithoutAnEncoding) {
+TEST(FileTextStream, ReportsWhatTheSystemRefusesAndAMissingEncoding) {
   const TempDir dir;
-  CFileTextStream stream((dir / u"file").c_str(), Encoding_None);
-  stream.Open();
-  stream.Flush();
-  stream.WriteChar(u'x');
-  EXPECT_EQ(MessageOf<CTovikException>([&] { stream.Flush(); }),
-            u"Unknown Encoding, select UTF-8 (contact our support team)");
-}
-
-TEST(FileTextStream, ReportsWhatTheSystemRefuses) {
-  const TempDir dir;
-  const auto openMessage = [](const WString& name, XmlEncoding encoding) {
-    CFileTextStream stream(name.c_str(), encoding);
-    return MessageOf<CTovikException>([&] { stream.Open(); });
-  };
   const WString none = dir / u"none/file", full = u"/dev/full";
-  EXPECT_EQ(openMessage(none, Encoding_UTF8), FailureWith(none, u"0x00000002"));
-  EXPECT_EQ(openMessage(dir / u"", Encoding_UTF8), FailureWith(dir / u"", u"0x00000015"));
-  EXPECT_EQ(openMessage(full, Encoding_UTF16), FailureWith(full, u"0x0000001C"));
-
+  for (const auto& [name, encoding, number] : {std::tuple(none, Encoding_UTF8, u"0x00000002"),
+                                               {dir / u"", Encoding_UTF8, u"0x00000015"},
+                                               {full, Encoding_UTF16, u"0x0000001C"}}) {
+    CFileTextStream stream(name.c_str(), encoding);
+    EXPECT_EQ(Outcome([&] { stream.Open(); }), FailureWith(name, number));
+  }
   CFileTextStream stream(full.c_str(), Encoding_UTF8);
-  stream.Open();
-  stream.WriteChar(u'x');
-  EXPECT_EQ(MessageOf<CTovikException>([&] { stream.Flush(); }), kNoSpaceMessage);
-  stream.Open();
-  stream.WriteChar(u'x');
-  EXPECT_EQ(MessageOf<CTovikException>([&] { stream.Close(); }), kNoSpaceMessage);
-  EXPECT_EQ(MessageOf<CTovikException>([&] { stream.Flush(); }),
-            u"Failed to write data to the file. Error [0x00000009]")
+  for (const auto end : {&CFileTextStream::Flush, &CFileTextStream::Close}) {
+    stream.Open();
+    stream.WriteChar(u'x');
+    EXPECT_EQ(Outcome([&] { (stream.*end)(); }), kNoSpace);
+  }
+  EXPECT_EQ(Outcome([&] { stream.Flush(); }),
+            u"!Exception Failed to write data to the file. Error [0x00000009]")
       << "the file is closed";
+  CFileTextStream undecided((dir / u"file").c_str(), Encoding_None);
+  undecided.Open();
+  undecided.Flush();
+  undecided.WriteChar(u'x');
+  EXPECT_EQ(Outcome([&] { undecided.Flush(); }),
+            u"!Exception Unknown Encoding, select UTF-8 (contact our support team)");
 }
 
 TEST(BinaryStream, CollectsBytes) {
-  CBinaryStream stream(DataOf("a"));
+  CBinaryStream stream(ToBytes("a"));
   stream.Append(static_cast<unsigned char>('b'));
   const CBinaryData before = stream.GetData();
-  stream.Append(DataOf("cd"));
+  stream.Append(ToBytes("cd"));
   stream.Append(reinterpret_cast<const unsigned char*>("efg"), 2);
-  EXPECT_EQ(stream.GetData(), DataOf("abcdef"));
-  EXPECT_EQ(before, DataOf("ab"));
+  EXPECT_EQ(stream.GetData(), ToBytes("abcdef"));
+  EXPECT_EQ(before, ToBytes("ab"));
   EXPECT_EQ(CBinaryStream().GetData().GetData(), nullptr);
 }
 
@@ -149,7 +135,7 @@ TEST(FileBinaryStream, SavesBehindTheMark) {
               {Encoding_UTF16, "\xff\xfe"},
               {Encoding_UTF16_Undeclared, "\xff\xfe"}};
   for (const auto& row : rows) {
-    CFileBinaryStream(name.c_str(), row.encoding, DataOf("bytes")).SaveToFile();
+    CFileBinaryStream(name.c_str(), row.encoding, ToBytes("bytes")).SaveToFile();
     EXPECT_EQ(FileBytes(name), std::string(row.mark) + "bytes");
     CFileBinaryStream(name.c_str(), row.encoding, CBinaryData()).SaveToFile();
     EXPECT_EQ(FileBytes(name), row.mark);
@@ -159,19 +145,13 @@ TEST(FileBinaryStream, SavesBehindTheMark) {
 TEST(FileBinaryStream, ReportsWhatTheSystemRefuses) {
   const TempDir dir;
   const WString full = u"/dev/full", bad(1, wchar(0xDC00));
-  const struct {
-    WString name;
-    XmlEncoding encoding;
-    const char* data;
-    const wchar* number;
-  } rows[] = {{dir / u"none/file", Encoding_UTF8, "x", u"0x00000002"},
-              {dir / u"", Encoding_UTF8, "x", u"0x00000015"},
-              {bad, Encoding_UTF8, "x", u"0x00000054"},
-              {full, Encoding_UTF16, "", u"0x0000001C"},
-              {full, Encoding_UTF8, "x", u"0x0000001C"}};
-  for (const auto& row : rows) {
-    CFileBinaryStream stream(row.name.c_str(), row.encoding, DataOf(row.data));
-    EXPECT_EQ(MessageOf<CTovikException>([&] { stream.SaveToFile(); }),
-              FailureWith(row.name, row.number));
+  for (const auto& [name, encoding, data, number] :
+       {std::tuple(dir / u"none/file", Encoding_UTF8, "x", u"0x00000002"),
+        {dir / u"", Encoding_UTF8, "x", u"0x00000015"},
+        {bad, Encoding_UTF8, "x", u"0x00000054"},
+        {full, Encoding_UTF16, "", u"0x0000001C"},
+        {full, Encoding_UTF8, "x", u"0x0000001C"}}) {
+    CFileBinaryStream stream(name.c_str(), encoding, ToBytes(data));
+    EXPECT_EQ(Outcome([&] { stream.SaveToFile(); }), FailureWith(name, number));
   }
 }

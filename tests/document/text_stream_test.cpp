@@ -10,16 +10,12 @@
 #include "tovikxml/document/utf_conversion.h"
 
 using namespace TovikXmlLib16;
-using TovikXmlTest::MessageOf;
+using namespace TovikXmlTest;
 
 namespace {
 
 constexpr std::size_t kChunk = CStringBuffer::kDefaultChunkSize;
 const WString kHigh(1, wchar(0xD83D)), kLow(1, wchar(0xDE00)), kZero(1, u'\0');
-
-std::string StringOf(const CBinaryData& data) {
-  return {reinterpret_cast<const char*>(data.GetData()), data.GetLength()};
-}
 
 std::string LowByteFirst(WStringView text) {
   std::string bytes;
@@ -33,7 +29,7 @@ std::optional<std::string> EncodedAs(XmlEncoding encoding, const WString& text) 
   CTextStream stream(encoding);
   stream.WriteString(text);
   const auto bytes = stream.Encode();
-  return bytes ? std::optional(StringOf(*bytes)) : std::nullopt;
+  return bytes ? std::optional(FromBytes(*bytes)) : std::nullopt;
 }
 
 }  // namespace
@@ -82,17 +78,16 @@ TEST(TextStream, TellsTextThatHasNoUtf8FormFromNoText) {
   stream.WriteChar(kHigh[0]);
   EXPECT_EQ(stream.GetBytes().GetLength(), 0u);
   EXPECT_FALSE(stream.Encode().has_value());
-  EXPECT_EQ(MessageOf<CTovikInvalidValueException>([&] { stream.GetCheckedBytes(); }),
-            u"The text has an unpaired surrogate and cannot be written as UTF-8");
+  EXPECT_EQ(Outcome([&] { stream.GetCheckedBytes(); }),
+            u"!InvalidValue The text has an unpaired surrogate and cannot be written as UTF-8");
   stream.Write(kLow);
-  EXPECT_EQ(StringOf(stream.GetCheckedBytes()), "good text\U0001F600");
+  EXPECT_EQ(FromBytes(stream.GetCheckedBytes()), "good text\U0001F600");
 }
 
 TEST(TextStream, HasNoBytesWithoutAnEncoding) {
-  CTextStream stream;
-  EXPECT_EQ(stream.GetEncoding(), Encoding_None);
-  EXPECT_EQ(MessageOf<CTovikException>([&] { stream.GetBytes(); }),
-            u"Unknown Encoding, select UTF-8 (contact our support team)");
+  EXPECT_EQ(CTextStream().GetEncoding(), Encoding_None);
+  EXPECT_EQ(Outcome([] { CTextStream().GetBytes(); }),
+            u"!Exception Unknown Encoding, select UTF-8 (contact our support team)");
 }
 
 TEST(TextStream, KeepsItsTextUntilItIsOpened) {
@@ -109,12 +104,12 @@ TEST(TextStream, KeepsItsTextUntilItIsOpened) {
 }
 
 TEST(ByteArray, RefusesMoreThan32Bits) {
-  EXPECT_EQ(MessageOf<CTovikException>([] { NewByteArray(std::uint64_t{1} << 32); }),
-            u"Binary data is too long [4294967296]");
+  EXPECT_EQ(Outcome([] { NewByteArray(std::uint64_t{1} << 32); }),
+            u"!Exception Binary data is too long [4294967296]");
 }
 
 TEST(UtfConversion, GivesNothingForWhatIsNotWellFormed) {
-  EXPECT_EQ(StringOf(Utf16ToUtf8((u"a\u20ac" + kHigh + kLow).c_str())), "a\u20ac\U0001F600");
+  EXPECT_EQ(FromBytes(Utf16ToUtf8((u"a\u20ac" + kHigh + kLow).c_str())), "a\u20ac\U0001F600");
   for (const WString& text : {kHigh, kLow + kHigh, u"text" + kHigh, WString()}) {
     EXPECT_EQ(Utf16ToUtf8(text.c_str()).GetData(), nullptr);
   }

@@ -27,9 +27,7 @@ inline WString Digits(std::string_view hex) {
 }
 
 inline CBinaryData Octets(std::string_view hex) {
-  CBinaryData octets;
-  octets.SetAsHexString(Digits(hex).c_str());
-  return octets;
+  return ToBytes(FromHex(hex));
 }
 
 /// What the writer makes of some steps, complete with the end of the document.

@@ -67,52 +67,44 @@ CSmartPtr<MimeDatabase::CMimeInfo> MimeTypes() {
 
 struct Setting {
   std::string name;
-  CSerializationContext context;
-  FInfoDecl declaration = fid_None;
+  bool suggested;
+  unsigned maxAddLength;
+  FInfoDecl declaration;
 };
+
+const Setting kSettings[] = {{"plain", false, 6, fid_None},
+                             {"suggested", true, 6, fid_V10StandaloneYes},
+                             {"indexed", true, 400, fid_Encoding},
+                             {"unindexed", false, 0, fid_V11StandaloneNo}};
 
 // All with a declared namespace: the peer takes the prefix of a name only from the table, where the
 // declarations put it, and so refuses an alias that the writer generates and does not declare.
-std::vector<Setting> Settings(const WString& namespaceUri) {
-  std::vector<Setting> settings(5);
-  for (Setting& setting : settings) {
-    if (&setting == &settings[2]) {
-      setting.context.SetDefaultNamespaceURI(namespaceUri.c_str());
-    } else {
-      setting.context.GetNamespaceAliases().Add(u"o", namespaceUri.c_str());
-    }
+CSerializationContext ContextOf(const Setting& setting, const wchar* namespaceUri) {
+  CSerializationContext context;
+  if (setting.suggested) {
+    context.SetDefaultNamespaceURI(namespaceUri);
+    context.GetFIContext().SetSuggestedValues();
+  } else {
+    context.GetNamespaceAliases().Add(u"o", namespaceUri);
   }
-  settings[0].name = "plain";
-  settings[1].name = "suggested";
-  settings[1].context.GetFIContext().SetSuggestedValues();
-  settings[2].name = "default-namespace";
-  settings[2].declaration = fid_V10StandaloneYes;
-  settings[3].name = "indexed";
-  settings[3].context.GetFIContext().SetSuggestedValues();
-  settings[3].context.GetFIContext().SetElementMaxAddLength(400);
-  settings[3].context.GetFIContext().SetAttributeMaxAddLength(400);
-  settings[3].declaration = fid_Encoding;
-  settings[4].name = "unindexed";
-  settings[4].context.GetFIContext().SetElementMaxAddLength(0);
-  settings[4].context.GetFIContext().SetAttributeMaxAddLength(0);
-  settings[4].declaration = fid_V11StandaloneNo;
-  return settings;
+  context.GetFIContext().SetElementMaxAddLength(setting.maxAddLength);
+  context.GetFIContext().SetAttributeMaxAddLength(setting.maxAddLength);
+  return context;
 }
 
 // The objects as Fast Infoset in all settings, decoded by the peer with each of its parsers.
 template <class Object>
-void ExpectPeerReads(const Object& object, const WString& namespaceUri) {
+void ExpectPeerReads(const Object& object, const wchar* namespaceUri) {
   Peer peer;
-  const std::vector<Setting> settings = Settings(namespaceUri);
-  for (const Setting& setting : settings) {
-    object.ToFastInfosetFile(peer.Name(setting.name).c_str(), setting.declaration, setting.context,
-                             Compression_None);
+  for (const Setting& setting : kSettings) {
+    object.ToFastInfosetFile(peer.Name(setting.name).c_str(), setting.declaration,
+                             ContextOf(setting, namespaceUri), Compression_None);
     for (const char* parser : {"sax", "dom"}) {
       peer.Ask(std::string("decode-") + parser, setting.name, setting.name + parser);
     }
   }
   ASSERT_NO_FATAL_FAILURE(peer.Run());
-  for (const Setting& setting : settings) {
+  for (const Setting& setting : kSettings) {
     for (const char* parser : {"sax", "dom"}) {
       SCOPED_TRACE(setting.name + " " + parser);
       const CSmartPtr<Object> copy(new Object);
@@ -197,8 +189,7 @@ TEST(FastInfosetExchange, PeerReadsEncodedValues) {
   RunScript(writer, u">");
   writer.WriteEndDocument();
   writer.Close();
-  const CBinaryData octets = stream.GetData();
-  MakeFile(peer.File("fi"), {reinterpret_cast<const char*>(octets.GetData()), octets.GetLength()});
+  MakeFile(peer.File("fi"), FromBytes(stream.GetData()));
   for (const std::string parser : {"sax", "dom"}) peer.Ask("decode-" + parser, "fi", parser);
   ASSERT_NO_FATAL_FAILURE(peer.Run());
   EXPECT_EQ(TreeOfFile(peer.Name("sax")), expected);

@@ -14,30 +14,19 @@ using namespace TovikXmlTest;
 
 namespace {
 
-std::string Utf8Of(const CBinaryData& bytes) {
-  return {reinterpret_cast<const char*>(bytes.GetData()), bytes.GetLength()};
-}
-
 // The XML text without its declaration.
 WString Convert(const WString& json, JsonRoundTrip mode, const wchar* root) {
   CSerializationContext context;
   context.GetJsonContext().SetSupportRoundtrip(mode);
   context.GetJsonContext().SetRootElementName(root);
   const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  const std::string xml = Utf8Of(ConvertJsonToXml(json, context));
+  const std::string xml = FromBytes(ConvertJsonToXml(json, context));
   EXPECT_TRUE(xml.starts_with(declaration)) << xml;
   return Wide(xml.substr(declaration.size()));
 }
 
-// As an array of bytes that the load entries take.
-CBinaryData Bytes(std::string_view text) {
-  CBinaryData data;
-  data.SetBuffer(reinterpret_cast<const unsigned char*>(text.data()), text.size());
-  return data;
-}
-
 std::string LoadStream(const CBinaryData& data, const CSerializationContext& context) {
-  return Utf8Of(CXmlDocument(context).LoadJsonStream(data.GetData(), data.GetLength()));
+  return FromBytes(CXmlDocument(context).LoadJsonStream(data.GetData(), data.GetLength()));
 }
 
 }  // namespace
@@ -68,17 +57,17 @@ TEST(JsonConversion, LoadsBytesFilesAndText) {
   for (const bool marked : {false, true}) {
     for (const CompressionType compression :
          {Compression_None, Compression_GZip, Compression_ZLib}) {
-      CBinaryData bytes = Bytes((marked ? "\xEF\xBB\xBF" : "") + json);
+      CBinaryData bytes = ToBytes((marked ? "\xEF\xBB\xBF" : "") + json);
       CompressBinaryData(bytes, compression);
       EXPECT_EQ(LoadStream(bytes, context), xml);
-      MakeFile(directory.Path() / "j", Utf8Of(bytes));
-      EXPECT_EQ(Utf8Of(CXmlDocument(context).LoadJsonFile((directory / u"j").c_str())), xml);
+      MakeFile(directory.Path() / "j", FromBytes(bytes));
+      EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJsonFile((directory / u"j").c_str())), xml);
     }
   }
-  EXPECT_EQ(Utf8Of(CXmlDocument(context).LoadJson(json.c_str())), xml);
-  EXPECT_EQ(Utf8Of(CXmlDocument(context).LoadJson(Wide(json).c_str())), xml);
+  EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJson(json.c_str())), xml);
+  EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJson(Wide(json).c_str())), xml);
   MakeFile(directory.Path() / "empty", "");
-  EXPECT_EQ(Utf8Of(CXmlDocument(context).LoadJsonFile((directory / u"empty").c_str())),
+  EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJsonFile((directory / u"empty").c_str())),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
 }
 
@@ -96,10 +85,10 @@ TEST(JsonConversion, RefusesNothingAndWhatIsNotUtf8) {
     const std::string json = FromHex(hex);
     const WString refusal =
         u"!Validation The JSON text is not UTF-8 at line " + place + u".\nPath: $";
-    EXPECT_EQ(Outcome([&] { LoadStream(Bytes(json), context); }), refusal);
+    EXPECT_EQ(Outcome([&] { LoadStream(ToBytes(json), context); }), refusal);
     EXPECT_EQ(Outcome([&] { CXmlDocument(context).LoadJson(json.c_str()); }), refusal);
   });
-  CBinaryData bomb = Bytes(std::string(5000, ' '));
+  CBinaryData bomb = ToBytes(std::string(5000, ' '));
   CompressBinaryData(bomb, Compression_GZip);
   context.SetMaxDecompressedSize(1000);
   EXPECT_EQ(Outcome([&] { LoadStream(bomb, context); }),

@@ -12,9 +12,7 @@
 #include "tovikxml/platform/async_files.h"
 
 using namespace TovikXmlLib16;
-using TovikXmlTest::FileBytes;
-using TovikXmlTest::MakeFile;
-using TovikXmlTest::TempDir;
+using namespace TovikXmlTest;
 
 namespace {
 
@@ -90,16 +88,12 @@ TEST(InputFile, GivesTheErrorNumberOfWhatCannotBeRead) {
   const TempDir dir;
   CInputFile file;
   const WString highSurrogate(1, wchar(0xD800));
-  const struct {
-    WString name;
-    int error;
-  } rows[] = {{dir / u"none", ENOENT},
-              {dir / u"none/file", ENOENT},
-              {dir / u"", EISDIR},
-              {u"", ENOENT},
-              {dir / u"bad" + highSurrogate, EILSEQ}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(file.Open(row.name.c_str()), row.error) << testing::PrintToString(row.name);
+  for (const auto& [name, error] : {std::pair(dir / u"none", ENOENT),
+                                    {dir / u"none/file", ENOENT},
+                                    {dir / u"", EISDIR},
+                                    {WString(), ENOENT},
+                                    {dir / u"bad" + highSurrogate, EILSEQ}}) {
+    EXPECT_EQ(file.Open(name.c_str()), error) << testing::PrintToString(name);
     EXPECT_FALSE(file.IsOpen());
   }
   EXPECT_EQ(file.Open(nullptr), ENOENT);

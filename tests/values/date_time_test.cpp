@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <vector>
 
 #include "tests/support/data_rows.h"
 #include "tests/support/text.h"
@@ -69,18 +70,12 @@ TEST(DateTime, NullTextsAreRefused) {
 
 TEST(DateTime, FieldsOfATextArriveInTheirPlaces) {
   const D value(u"-1234-05-06T07:08:09.010203004-11:12");
-  EXPECT_EQ(value.GetYear(), -1234);
-  EXPECT_EQ(value.GetMonth(), 5);
-  EXPECT_EQ(value.GetDay(), 6);
-  EXPECT_EQ(value.GetHour(), 7);
-  EXPECT_EQ(value.GetMinute(), 8);
-  EXPECT_EQ(value.GetSecond(), 9);
-  EXPECT_EQ(value.GetMilliSecond(), 10);
-  EXPECT_EQ(value.GetMicroSecond(), 203);
-  EXPECT_EQ(value.GetNanoSecond(), 4);
+  const std::vector<int> fields = {
+      value.GetYear(),       value.GetMonth(),    value.GetDay(),         value.GetHour(),
+      value.GetMinute(),     value.GetSecond(),   value.GetMilliSecond(), value.GetMicroSecond(),
+      value.GetNanoSecond(), value.GetZoneHour(), value.GetZoneMinute()};
+  EXPECT_EQ(fields, (std::vector<int>{-1234, 5, 6, 7, 8, 9, 10, 203, 4, -11, 12}));
   EXPECT_DOUBLE_EQ(value.GetRealSecond(), 9.010203004);
-  EXPECT_EQ(value.GetZoneHour(), -11);
-  EXPECT_EQ(value.GetZoneMinute(), 12);
 }
 
 TEST(DateTime, EachFieldBelongsToItsTypes) {
