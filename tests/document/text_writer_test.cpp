@@ -93,7 +93,7 @@ TEST(Writer, GeneratesTheFirstFreeAlias) {
   };
   EXPECT_EQ(generate({}), u"AA");
   EXPECT_EQ(generate({u"AA"}), u"AB");
-  EXPECT_EQ(generate({u"AB", u"p", u"AAA", u"aa"}), u"AA");
+  EXPECT_EQ(generate({u"AB", u"p", u"AAA", u"aa", u"A0"}), u"AA");
   CXmlWriter::AliasMap aliases;
   for (int i = 0; i < 26; ++i) aliases[{wchar(u'0' + i)}] = {u'A', static_cast<wchar>(u'A' + i)};
   EXPECT_EQ(CXmlWriter::GenerateAlias(aliases), u"BA");

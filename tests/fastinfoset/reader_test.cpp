@@ -75,3 +75,10 @@ TEST(FastInfosetReader, TakesManyNames) {
       WriteDocument([&](CFastInfosetWriter& w) { RunScript(w, script + u" >"); });
   EXPECT_EQ(TreeOf(octets), expected);
 }
+
+TEST(FastInfosetReader, TellsEqualLocalNamesApart) {
+  const CBinaryData octets = WriteDocument([](CFastInfosetWriter& w) {
+    RunScript(w, u"%alias:p='u' %alias:q='v' <a <b > <{u}b > <{v}b > <b > <{v}b > <{w}b > >");
+  });
+  EXPECT_EQ(TreeOf(octets), u"a(b)({u}b)({v}b)(b)({v}b)({w}b)");
+}
