@@ -177,23 +177,6 @@ TEST(Objects, CountReferencesOnSeveralThreads) {
   EXPECT_EQ(bag->Release(), 1);
 }
 
-TEST(Objects, AreUsedOnSeveralThreadsWithSharedMetadataAndContext) {
-  const CSerializationContext context;
-  context.GetAdditionalRootAttributes();
-  std::vector<std::thread> threads;
-  for (int i = 0; i < 4; ++i) {
-    threads.emplace_back([&context, i] {
-      const CSmartPtr<Bag> bag = Sample(WString(10, static_cast<wchar>(u'a' + i)));
-      const CSmartPtr<Bag> copy = NewBag(Record());
-      for (int k = 0; k < 50; ++k) {
-        copy->FromXml(bag->ToXml(true, true, EOL_LF, context).c_str(), context);
-        EXPECT_EQ(copy->Value(0).GetString(), bag->Value(0).GetString());
-      }
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-}
-
 TEST(Objects, CopyTheirNameButNotTheirCount) {
   const CSmartPtr<Bag> bag = NewBag(Record(), u"named");
   const CSmartPtr<Bag> copy(new Bag(*bag));
