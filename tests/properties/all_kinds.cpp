@@ -243,6 +243,8 @@ class Filling {
     for (unsigned left = m_random.Below(4); left > 0; --left) {
       Held<CElementCol>(*root, 6)->Add(Open(0).Get());
     }
+    // What does not shrink cannot be compressed, so that something always does.
+    Held<CElementCol>(*root, 6)->Add(u"room", u"")->SetText(WString(500, u'x').c_str());
     Attributes(*Held<CAttributeCol>(*root, 7));
     return root;
   }
@@ -269,7 +271,10 @@ class Filling {
     for (int i = 0; i < Bag::kProperties - 1 && first + i < kKindCount; ++i) {
       if (m_random.Chance(80)) group.Value(i).SetXmlObject(Cell(first + i));
     }
-    if (m_random.Chance(50)) group.Value(7).SetI4(static_cast<int>(m_random.Below(2)));
+    // A group without tags is not there unless it holds something.
+    if (number > 1 || m_random.Chance(50)) {
+      group.Value(7).SetI4(static_cast<int>(m_random.Below(2)));
+    }
   }
 
   CSmartPtr<Bag> Cell(int number) {
