@@ -18,7 +18,7 @@ struct Row {
   const char* name;
   std::function<void(CSerializationContext&)> lower;
   std::function<void(const CSerializationContext&)> work;
-  const wchar* message;
+  WString message;
 };
 
 CBinaryData CompressedBlanks() {
@@ -52,6 +52,10 @@ TEST(Limits, RefuseBeyondTheSetting) {
   const auto match = [](const CSerializationContext&) {
     EXPECT_TRUE(MatchPattern("(a?){10}a{10}", u"aaaaaaaaaa"));
   };
+  const WString longText(20000, u'a');
+  const auto matchLong = [&](const CSerializationContext&) {
+    EXPECT_TRUE(MatchPattern("(a|b)*", longText));
+  };
   const Row rows[] = {
       {"bytes", [](CSerializationContext& context) { context.SetMaxDecompressedSize(1 << 24); },
        loadBlanks, u"The decompressed data exceeds the limit of 16777216 bytes"},
@@ -63,6 +67,9 @@ TEST(Limits, RefuseBeyondTheSetting) {
        u"Failed to parse FastInfoset. The text exceeds the limit of 8 bytes."},
       {"pattern", [](CSerializationContext&) { CPrimitiveRestrictions::SetMaxPatternSteps(20); },
        match, u"Regular Expression exceeds its limits: aaaaaaaaaa Error: 'match limit exceeded'"},
+      {"memory of a pattern",
+       [](CSerializationContext&) { CPrimitiveRestrictions::SetMaxPatternMemory(1); }, matchLong,
+       u"Regular Expression exceeds its limits: " + longText + u" Error: 'heap limit exceeded'"},
   };
   for (const Row& row : rows) {
     SCOPED_TRACE(row.name);
@@ -71,6 +78,7 @@ TEST(Limits, RefuseBeyondTheSetting) {
     row.lower(context);
     EXPECT_EQ(MessageOf<CTovikException>([&] { row.work(context); }), row.message);
     CPrimitiveRestrictions::SetMaxPatternSteps(CPrimitiveRestrictions::kDefaultMaxPatternSteps);
+    CPrimitiveRestrictions::SetMaxPatternMemory(CPrimitiveRestrictions::kDefaultMaxPatternMemory);
   }
 }
 
