@@ -140,6 +140,14 @@ Work MakeWork(const std::string& name, std::string& text) {
            document.LoadXmlStream(BytesOf(text), text.size());
          };
        }},
+      {"tree-wide",
+       [&]() -> Work {
+         // Without the declaration, which names another encoding.
+         return [wide = FromUtf8(text.substr(text.find("?>") + 2))] {
+           CXmlDocument document;
+           document.LoadXml(wide.c_str());
+         };
+       }},
       {"tree-flat",
        [&] {
          return [&text] {
