@@ -26,7 +26,8 @@
 /// Names are kept as namespace URI and local name; the text of an element is one string, all its
 /// character content in document order; prefixes survive in one table for the whole document.
 /// Comments, processing instructions and the document type are dropped. Nodes belong to their
-/// document and never outlive it. A document belongs to one thread.
+/// document and never outlive it. A document belongs to one thread, also for reading, since texts
+/// become strings when they are asked for.
 namespace TovikXmlLib16 {
 
 class CBinaryData;

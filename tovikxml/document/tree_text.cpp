@@ -62,10 +62,11 @@ bool CXmlTreeText::GrowInRoom(std::size_t needed, CXmlTextRoom& room, std::size_
     m_capacity = static_cast<std::uint16_t>(needed);
     return true;
   }
-  std::size_t capacity = needed;
+  // Room that is left behind, also by an earlier node, is never more than what takes its place.
+  std::size_t capacity = std::max(needed, std::min(kLargestInRoom, std::size_t{2} * m_capacity));
   if (m_size != 0) {
     usual = std::max(usual, std::min(needed, kLargestUsual));
-    capacity = std::max({needed, usual, std::min(kLargestInRoom, std::size_t{2} * m_capacity)});
+    capacity = std::max(capacity, usual);
   }
   wchar* const units = room.Take(capacity);
   std::copy(m_units, m_units + m_size, units);
