@@ -1,10 +1,10 @@
-#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/settings/serialization_context.h"
 
 #include <gtest/gtest.h>
 
 #include "tests/support/text.h"
 #include "tovikxml/collections/attribute_col.h"
-#include "tovikxml/json/context.h"
+#include "tovikxml/settings/json_context.h"
 
 using namespace TovikXmlLib16;
 using namespace TovikXmlTest;

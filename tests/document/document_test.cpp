@@ -9,8 +9,8 @@
 #include "tests/support/text.h"
 #include "tests/support/tree_text.h"
 #include "tovikxml/base/exception.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/platform/async_files.h"
+#include "tovikxml/settings/serialization_context.h"
 
 using namespace TovikXmlLib16;
 using namespace TovikXmlTest;

@@ -2,8 +2,8 @@
 
 #include "tests/support/data_rows.h"
 #include "tests/support/text.h"
-#include "tovikxml/document/namespace_alias_map.h"
 #include "tovikxml/document/namespace_rule.h"
+#include "tovikxml/settings/namespace_alias_map.h"
 
 using namespace TovikXmlLib16;
 using namespace TovikXmlTest;

@@ -2,7 +2,7 @@
 #define TESTS_JSON_JSON_CHECKER_H_
 
 #include "tests/support/data_rows.h"
-#include "tovikxml/json/context.h"
+#include "tovikxml/settings/json_context.h"
 
 namespace TovikXmlTest {
 

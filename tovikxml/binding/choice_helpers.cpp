@@ -2,10 +2,10 @@
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/binding/object_base.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/collection_base.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
+#include "tovikxml/settings/serialization_context.h"
 
 // The operations of `CXmlObjectBase` that generated setters use.
 namespace TovikXmlLib16 {

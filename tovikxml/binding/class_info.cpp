@@ -6,11 +6,11 @@
 #include "tovikxml/binding/generated_class.h"
 #include "tovikxml/binding/nil_attribute.h"
 #include "tovikxml/binding/object_base.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/element_col.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
 #include "tovikxml/document/writer.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/facets.h"
 #include "tovikxml/values/variant.h"
 

@@ -4,10 +4,10 @@
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/binding/object_base.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/collection_base.h"
 #include "tovikxml/collections/element.h"
 #include "tovikxml/document/document.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/variant.h"
 
 namespace TovikXmlLib16Data {

@@ -1,7 +1,6 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/binding/object_base.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/binding/version_check.h"
 #include "tovikxml/collections/element.h"
 #include "tovikxml/document/binary_stream.h"
@@ -12,9 +11,10 @@
 #include "tovikxml/document/text_writer.h"
 #include "tovikxml/document/utf_conversion.h"
 #include "tovikxml/fastinfoset/writer.h"
-#include "tovikxml/json/context.h"
 #include "tovikxml/json/text_writer.h"
 #include "tovikxml/platform/async_files.h"
+#include "tovikxml/settings/json_context.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/binary_data.h"
 
 // The entry points of `CXmlObjectBase`: the only place that knows the concrete writers, streams and

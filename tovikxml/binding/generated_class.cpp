@@ -2,8 +2,8 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/binding/element_info.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/collection_base.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/variant.h"
 
 // What writing and reading share; the two drivers are in generated_class_write.cpp and

@@ -5,8 +5,8 @@
 #include "tovikxml/binding/generated_class.h"
 #include "tovikxml/binding/nesting_guard.h"
 #include "tovikxml/binding/nil_attribute.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/document.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/variant.h"
 
 // The driver that fills an object from an element. It keeps a cursor over the sibling elements and

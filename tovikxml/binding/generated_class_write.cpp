@@ -3,9 +3,9 @@
 #include "tovikxml/base/text.h"
 #include "tovikxml/binding/generated_class.h"
 #include "tovikxml/binding/nesting_guard.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/attribute_col.h"
 #include "tovikxml/document/writer.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/variant.h"
 
 // The driver that turns an object into calls on a writer.

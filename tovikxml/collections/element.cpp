@@ -7,13 +7,13 @@
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/binding/nesting_guard.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/collections/attribute_col.h"
 #include "tovikxml/collections/element_col.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
 #include "tovikxml/document/text_stream.h"
 #include "tovikxml/document/text_writer.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/binary_data.h"
 
 namespace TovikXmlLib16 {

@@ -7,7 +7,7 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
-#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
 namespace {

@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "tovikxml/base/text.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/tree_storage.h"
 #include "tovikxml/document/xml_names.h"
+#include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
 namespace {

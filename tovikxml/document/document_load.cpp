@@ -7,7 +7,6 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/byte_array.h"
 #include "tovikxml/document/compression.h"
 #include "tovikxml/document/document.h"
@@ -15,6 +14,7 @@
 #include "tovikxml/fastinfoset/reader.h"
 #include "tovikxml/platform/async_files.h"
 #include "tovikxml/platform/file.h"
+#include "tovikxml/settings/serialization_context.h"
 
 // The roads from a file, bytes or text to the parser.
 namespace TovikXmlLib16 {

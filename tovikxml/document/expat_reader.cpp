@@ -9,9 +9,9 @@
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/base/utf8.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/xml_names.h"
+#include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
 namespace {

@@ -6,14 +6,14 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/fastinfoset/algorithm_codes.h"
-#include "tovikxml/fastinfoset/context.h"
 #include "tovikxml/fastinfoset/dropped_items.h"
 #include "tovikxml/fastinfoset/octet_text.h"
 #include "tovikxml/fastinfoset/restricted_alphabet.h"
 #include "tovikxml/fastinfoset/vocabulary_tables.h"
+#include "tovikxml/settings/fastinfoset_context.h"
+#include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
 namespace {

@@ -2,10 +2,10 @@
 #define TOVIKXML_FASTINFOSET_WRITER_H_
 
 #include "tovikxml/document/writer.h"
-#include "tovikxml/fastinfoset/context.h"
 #include "tovikxml/fastinfoset/declaration.h"
 #include "tovikxml/fastinfoset/name_memory.h"
 #include "tovikxml/fastinfoset/octet_output.h"
+#include "tovikxml/settings/fastinfoset_context.h"
 
 namespace TovikXmlLib16 {
 

@@ -7,11 +7,11 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/utf8.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/byte_array.h"
 #include "tovikxml/document/compression.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/json/reader_to_xml_handler.h"
+#include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/binary_data.h"
 
 // The JSON load entries of a document: the roads from a file, bytes or text to the conversion.

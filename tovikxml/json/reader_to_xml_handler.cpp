@@ -6,10 +6,10 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
-#include "tovikxml/binding/serialization_context.h"
 #include "tovikxml/document/text_stream.h"
 #include "tovikxml/document/text_writer.h"
 #include "tovikxml/document/xml_names.h"
+#include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
 namespace {

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <vector>
 
-#include "tovikxml/json/context.h"
 #include "tovikxml/json/text_reader.h"
+#include "tovikxml/settings/json_context.h"
 
 /// JSON is read as the XML text that it stands for: a member becomes an element, "@name" an
 /// attribute, "#text" the text of its element, and the items of an array elements of one name.

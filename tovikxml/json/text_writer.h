@@ -7,7 +7,7 @@
 
 #include "tovikxml/document/encoding.h"
 #include "tovikxml/document/writer.h"
-#include "tovikxml/json/context.h"
+#include "tovikxml/settings/json_context.h"
 
 namespace TovikXmlLib16 {
 

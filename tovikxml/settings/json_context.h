@@ -1,5 +1,5 @@
-#ifndef TOVIKXML_JSON_CONTEXT_H_
-#define TOVIKXML_JSON_CONTEXT_H_
+#ifndef TOVIKXML_SETTINGS_JSON_CONTEXT_H_
+#define TOVIKXML_SETTINGS_JSON_CONTEXT_H_
 
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
@@ -44,4 +44,4 @@ class TOVIKXML_EXPORT CJsonContext {
 
 }  // namespace TovikXmlLib16
 
-#endif  // TOVIKXML_JSON_CONTEXT_H_
+#endif  // TOVIKXML_SETTINGS_JSON_CONTEXT_H_

@@ -1,4 +1,4 @@
-#include "tovikxml/fastinfoset/context.h"
+#include "tovikxml/settings/fastinfoset_context.h"
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"

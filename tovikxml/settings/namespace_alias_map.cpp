@@ -1,4 +1,4 @@
-#include "tovikxml/document/namespace_alias_map.h"
+#include "tovikxml/settings/namespace_alias_map.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,12 +1,12 @@
-#include "tovikxml/binding/serialization_context.h"
+#include "tovikxml/settings/serialization_context.h"
 
 #include <mutex>
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
 #include "tovikxml/collections/attribute_col.h"
-#include "tovikxml/fastinfoset/context.h"
-#include "tovikxml/json/context.h"
+#include "tovikxml/settings/fastinfoset_context.h"
+#include "tovikxml/settings/json_context.h"
 
 namespace TovikXmlLib16 {
 namespace {

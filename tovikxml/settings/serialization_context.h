@@ -1,5 +1,5 @@
-#ifndef TOVIKXML_BINDING_SERIALIZATION_CONTEXT_H_
-#define TOVIKXML_BINDING_SERIALIZATION_CONTEXT_H_
+#ifndef TOVIKXML_SETTINGS_SERIALIZATION_CONTEXT_H_
+#define TOVIKXML_SETTINGS_SERIALIZATION_CONTEXT_H_
 
 #include <cstdint>
 #include <memory>
@@ -8,7 +8,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/smart_ptr.h"
 #include "tovikxml/base/wide_string.h"
-#include "tovikxml/document/namespace_alias_map.h"
+#include "tovikxml/settings/namespace_alias_map.h"
 
 namespace TovikXmlLib16 {
 
@@ -180,4 +180,4 @@ class TOVIKXML_EXPORT CSerializationContext {
 
 }  // namespace TovikXmlLib16
 
-#endif  // TOVIKXML_BINDING_SERIALIZATION_CONTEXT_H_
+#endif  // TOVIKXML_SETTINGS_SERIALIZATION_CONTEXT_H_

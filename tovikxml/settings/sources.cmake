@@ -1,0 +1,1 @@
+tovikxml_sources(settings fastinfoset_context namespace_alias_map serialization_context)
