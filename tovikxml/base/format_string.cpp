@@ -1,114 +1,191 @@
 #include "tovikxml/base/format_string.h"
 
-#include <charconv>
 #include <cstdarg>
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <utility>
 
+#include "tovikxml/base/exception.h"
+#include "tovikxml/base/printf_field.h"
 #include "tovikxml/base/text.h"
 
 namespace TovikXmlLib16 {
 namespace {
 
-struct Spec {
-  bool leftAlign = false;
-  bool zeroPad = false;
-  std::size_t width = 0;
-  int longs = 0;
-  wchar conversion = 0;
+// Steps through the format and takes the arguments as it asks for them.
+class Formatter {
+ public:
+  Formatter(const wchar* format, std::va_list* arguments)
+      : m_format(format), m_at(format), m_arguments(arguments) {}
+
+  WString Format();
+
+ private:
+  [[noreturn]] void Refuse() const;
+  bool Accept(wchar unit);
+  int ReadNumber();
+  void ReadWidth(PrintfField& field);
+  void ReadPrecision(PrintfField& field);
+  WString ReadLength();
+  void AppendArgument();
+  void AppendInteger(PrintfField field, const WString& length, bool isSigned);
+  void AppendFloat(const PrintfField& field, const WString& length);
+  template <class Unit>
+  void AppendText(const PrintfField& field);
+
+  template <class T>
+  T Next() {
+    return va_arg(*m_arguments, T);
+  }
+
+  const wchar* m_format;
+  const wchar* m_at;
+  std::va_list* m_arguments;
+  WString m_out;
 };
 
-// Reads one specification behind the percent sign and moves `at` past it.
-Spec ParseSpec(const wchar*& at) {
-  Spec spec;
-  for (; *at == u'-' || *at == u'0'; ++at) (*at == u'-' ? spec.leftAlign : spec.zeroPad) = true;
-  for (; *at >= u'0' && *at <= u'9'; ++at) {
-    spec.width = spec.width * 10 + static_cast<std::size_t>(*at - u'0');
-  }
-  for (; *at == u'l'; ++at) ++spec.longs;
-  spec.conversion = *at;
-  if (*at) ++at;
-  return spec;
+void Formatter::Refuse() const {
+  throw CTovikInvalidParamException(WString(u"Unknown conversion in the format [") + m_format +
+                                    u"]");
 }
 
-void AppendPadded(WString& out, const Spec& spec, WStringView text) {
-  const std::size_t fill = spec.width > text.size() ? spec.width - text.size() : 0;
-  if (fill == 0 || spec.leftAlign) {
-    out.append(text).append(fill, u' ');
-    return;
-  }
-  if (spec.zeroPad && !text.empty() && text.front() == u'-') {
-    out.push_back(u'-');
-    text.remove_prefix(1);
-  }
-  out.append(fill, spec.zeroPad ? u'0' : u' ').append(text);
+bool Formatter::Accept(wchar unit) {
+  if (*m_at != unit) return false;
+  ++m_at;
+  return true;
 }
 
-template <class Number>
-void AppendNumber(WString& out, const Spec& spec, Number value, int base = 10) {
-  char digits[72];
-  const auto end = std::to_chars(digits, digits + sizeof digits, value, base).ptr;
-  WString text(digits, end);
-  if (spec.conversion == u'X') {
-    for (wchar& unit : text) unit = ToAsciiUpper(unit);
-  }
-  AppendPadded(out, spec, text);
-}
-
-long long NextSigned(const Spec& spec, std::va_list* arguments) {
-  if (spec.longs >= 2) return va_arg(*arguments, long long);
-  if (spec.longs == 1) return va_arg(*arguments, long);
-  return va_arg(*arguments, int);
-}
-
-unsigned long long NextUnsigned(const Spec& spec, std::va_list* arguments) {
-  if (spec.longs >= 2) return va_arg(*arguments, unsigned long long);
-  if (spec.longs == 1) return va_arg(*arguments, unsigned long);
-  return va_arg(*arguments, unsigned int);
-}
-
-void AppendArgument(WString& out, const Spec& spec, std::va_list* arguments) {
-  switch (spec.conversion) {
-    case u's': {
-      const wchar* text = va_arg(*arguments, const wchar*);
-      AppendPadded(out, spec, text ? text : u"(null)");
-      break;
+WString Formatter::Format() {
+  while (*m_at) {
+    if (!Accept(u'%')) {
+      m_out.push_back(*m_at++);
+    } else if (Accept(u'%')) {
+      m_out.push_back(u'%');
+    } else {
+      AppendArgument();
     }
-    case u'S': {
-      const char* text = va_arg(*arguments, const char*);
-      AppendPadded(out, spec, WidenAscii(text ? text : "(null)"));
-      break;
+  }
+  return std::move(m_out);
+}
+
+int Formatter::ReadNumber() {
+  constexpr int kMaxNumber = 1'000'000'000;
+  int number = 0;
+  for (; *m_at >= u'0' && *m_at <= u'9'; ++m_at) {
+    number = number * 10 + (*m_at - u'0');
+    if (number > kMaxNumber / 10) Refuse();
+  }
+  return number;
+}
+
+void Formatter::ReadWidth(PrintfField& field) {
+  const std::int64_t width = Accept(u'*') ? Next<int>() : ReadNumber();
+  if (width < 0) field.leftAlign = true;
+  field.width = static_cast<std::size_t>(width < 0 ? -width : width);
+}
+
+void Formatter::ReadPrecision(PrintfField& field) {
+  if (!Accept(u'.')) return;
+  const int precision = Accept(u'*') ? Next<int>() : ReadNumber();
+  if (precision >= 0) field.precision = precision;
+}
+
+WString Formatter::ReadLength() {
+  const wchar* const start = m_at;
+  while (WStringView(u"hljztL").find(*m_at) != WStringView::npos && m_at - start < 2) ++m_at;
+  return WString(start, m_at);
+}
+
+void Formatter::AppendArgument() {
+  PrintfField field;
+  while (field.TakeFlag(*m_at)) ++m_at;
+  ReadWidth(field);
+  ReadPrecision(field);
+  const WString length = ReadLength();
+  const wchar letter = *m_at ? *m_at++ : u'\0';
+  const wchar lower = ToAsciiLower(letter);
+  field.letter = static_cast<char>(lower);
+  field.upper = letter != lower;
+  switch (letter) {
+    case u's':
+    case u'S':
+      if (letter == u'S' || length == u"h") return AppendText<char>(field);
+      return AppendText<wchar>(field);
+    case u'c': {
+      const auto unit = static_cast<wchar>(Next<int>());
+      field.precision.reset();
+      return AppendField(m_out, field, WStringView(&unit, 1));
     }
-    case u'c':
-      AppendPadded(out, spec, WString(1, static_cast<wchar>(va_arg(*arguments, int))));
-      break;
     case u'd':
     case u'i':
-      AppendNumber(out, spec, NextSigned(spec, arguments));
-      break;
+      field.letter = 'd';
+      return AppendInteger(field, length, true);
+    case u'o':
     case u'u':
-      AppendNumber(out, spec, NextUnsigned(spec, arguments));
-      break;
     case u'x':
     case u'X':
-      AppendNumber(out, spec, NextUnsigned(spec, arguments), 16);
-      break;
+      return AppendInteger(field, length, false);
+    case u'p':
+      field.letter = 'x';
+      field.alternate = true;
+      return AppendField(m_out, field, false, reinterpret_cast<std::uintptr_t>(Next<void*>()));
     default:
-      if (spec.conversion) out.push_back(spec.conversion);
-      break;
+      if (WStringView(u"aefg").find(lower) == WStringView::npos) Refuse();
+      return AppendFloat(field, length);
   }
 }
 
-WString FormatArguments(const wchar* format, std::va_list* arguments) {
-  WString out;
-  while (*format) {
-    const wchar unit = *format++;
-    if (unit != u'%') {
-      out.push_back(unit);
-    } else {
-      const Spec spec = ParseSpec(format);
-      AppendArgument(out, spec, arguments);
-    }
+// What the width of the length modifier leaves of the value, signed or not.
+void Formatter::AppendInteger(PrintfField field, const WString& length, bool isSigned) {
+  std::int64_t value = 0;
+  std::uint64_t bits = 0;
+  const auto take = [&](auto argument) {
+    using Signed = std::make_signed_t<decltype(argument)>;
+    using Unsigned = std::make_unsigned_t<decltype(argument)>;
+    value = static_cast<Signed>(argument);
+    bits = static_cast<Unsigned>(argument);
+  };
+  if (length.empty()) {
+    take(Next<int>());
+  } else if (length == u"hh") {
+    take(static_cast<signed char>(Next<int>()));
+  } else if (length == u"h") {
+    take(static_cast<short>(Next<int>()));
+  } else if (length == u"l") {
+    take(Next<long>());
+  } else if (length == u"ll") {
+    take(Next<long long>());
+  } else if (length == u"j") {
+    take(Next<std::intmax_t>());
+  } else if (length == u"z") {
+    take(Next<std::size_t>());
+  } else if (length == u"t") {
+    take(Next<std::ptrdiff_t>());
+  } else {
+    Refuse();
   }
-  return out;
+  const bool isNegative = isSigned && value < 0;
+  if (isSigned) bits = static_cast<std::uint64_t>(value);
+  AppendField(m_out, field, isNegative, isNegative ? 0 - bits : bits);
+}
+
+void Formatter::AppendFloat(const PrintfField& field, const WString& length) {
+  if (length == u"L") return AppendField(m_out, field, Next<long double>());
+  if (!length.empty() && length != u"l") Refuse();
+  AppendField(m_out, field, Next<double>());
+}
+
+// A text with a precision needs no end of its own.
+template <class Unit>
+void Formatter::AppendText(const PrintfField& field) {
+  const auto* const text = Next<const Unit*>();
+  if (!text) return AppendField(m_out, field, u"(null)");
+  std::size_t size = 0;
+  while (!(field.precision && size == static_cast<std::size_t>(*field.precision)) && text[size]) {
+    ++size;
+  }
+  AppendField(m_out, field, WString(text, text + size));
 }
 
 }  // namespace
@@ -117,9 +194,11 @@ WString FormatString(const wchar* format, ...) {
   if (!format) return WString();
   std::va_list arguments;
   va_start(arguments, format);
-  WString text = FormatArguments(format, &arguments);
-  va_end(arguments);
-  return text;
+  struct Ending {
+    std::va_list* arguments;
+    ~Ending() { va_end(*arguments); }
+  } const ending{&arguments};
+  return Formatter(format, &arguments).Format();
 }
 
 }  // namespace TovikXmlLib16

@@ -6,10 +6,18 @@
 
 namespace TovikXmlLib16 {
 
-/// Formats a message in the manner of printf; the result is never cut and no locale takes part.
-/// `%s` takes a wide C string, `%S` a narrow one (ASCII), `%c` one 16-bit unit; `%d %i %u %x %X`
-/// take an `int`, with `l` a `long`, with `ll` a `long long`. Flags `-` and `0` and a width are
-/// understood. A null string prints "(null)".
+/// Formats a message as printf of ISO C does; the result is never cut and no locale takes part.
+///
+///     %s              a wide C string, %hs a narrow one (ASCII)
+///     %S              a narrow C string, as %hs
+///     %c              one 16-bit unit
+///     %d %i %u %o %x %X, with hh h l ll j z t
+///     %a %e %f %g %A %E %F %G, with L
+///     %p %%
+///
+/// Flags, width and precision are those of C, `*` included. A null string prints "(null)". Any
+/// other conversion, `%n` among them, throws `CTovikInvalidParamException` "Unknown conversion in
+/// the format [%s]", since what it would take from the arguments is not known.
 TOVIKXML_EXPORT WString FormatString(const wchar* format, ...);
 
 }  // namespace TovikXmlLib16

@@ -47,7 +47,7 @@ const CXmlName* CXmlNameTable::Keep(WStringView namespaceUri, WStringView localN
 
 const CXmlName* CXmlNameTable::Keep(const Key& key) {
   if (m_names.size() * 2 >= m_slots.size()) Grow();
-  const std::uint64_t hash = Hash(key.qualified);
+  const std::uint64_t hash = HashText(key.qualified);
   const std::size_t at = Find(key, hash);
   if (m_slots[at].name) return m_slots[at].name;
   m_names.push_back({WString(key.qualified), WString(key.namespaceUri), WString(key.localName)});
@@ -62,11 +62,6 @@ const CXmlName* CXmlNameTable::KeepNext(const wchar* qualified, const CXmlName* 
   const CXmlName* name = Keep(WStringView(qualified));
   if (previous) previous->successor = name;
   return name;
-}
-
-// The seed differs between documents and processes.
-std::uint64_t CXmlNameTable::Hash(WStringView text) const {
-  return HashText(text, reinterpret_cast<std::uintptr_t>(this));
 }
 
 std::size_t CXmlNameTable::Find(const Key& key, std::uint64_t hash) const {
@@ -84,7 +79,7 @@ std::size_t CXmlNameTable::Find(const Key& key, std::uint64_t hash) const {
 void CXmlNameTable::Grow() {
   m_slots.assign(std::max(kFirstSlots, m_slots.size() * 2), Slot());
   for (const CXmlName& name : m_names) {
-    const std::uint64_t hash = Hash(name.qualified);
+    const std::uint64_t hash = HashText(name.qualified);
     m_slots[Find({name.qualified, name.namespaceUri, name.localName}, hash)] = {hash, &name};
   }
 }

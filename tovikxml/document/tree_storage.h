@@ -51,7 +51,6 @@ class CXmlNameTable {
   };
 
   const CXmlName* Keep(const Key& key);
-  std::uint64_t Hash(WStringView text) const;
   std::size_t Find(const Key& key, std::uint64_t hash) const;
   void Grow();
 

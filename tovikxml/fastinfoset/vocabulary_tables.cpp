@@ -13,11 +13,8 @@ namespace {
 constexpr std::size_t kFirstSlots = 16;
 constexpr unsigned kIndexBits = 21;
 
-// Tables are copied with their hashes, so that the seed is the process's own.
 std::uint32_t HashOf(WStringView text) {
-  static const char kPlace = 0;
-  const auto hash = HashText(text, reinterpret_cast<std::uintptr_t>(&kPlace));
-  return static_cast<std::uint32_t>(hash ^ hash >> 32);
+  return static_cast<std::uint32_t>(HashText(text));
 }
 
 std::uint64_t Pack(const CFINameKey& key) {
@@ -98,7 +95,7 @@ bool CFIIndexedNames::Add(const CFINameKey& key, const CFIVocabulary::CQNamePart
 
 std::size_t CFIIndexedNames::SlotOf(std::uint64_t key) const {
   const std::size_t mask = m_slots.size() - 1;
-  std::size_t at = static_cast<std::size_t>((key * 0x9E3779B97F4A7C15u) >> 40) & mask;
+  std::size_t at = static_cast<std::size_t>(HashNumber(key)) & mask;
   while (m_slots[at].index != 0 && m_slots[at].key != key) at = (at + 1) & mask;
   return at;
 }
