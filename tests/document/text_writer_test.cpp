@@ -94,6 +94,15 @@ TEST(Writer, GeneratesTheFirstFreeAlias) {
   EXPECT_EQ(generate({}), u"AA");
   EXPECT_EQ(generate({u"AA"}), u"AB");
   EXPECT_EQ(generate({u"AB", u"p", u"AAA", u"aa", u"A0"}), u"AA");
+  CAliasScopes scopes;
+  scopes.Set(u"urn:0", u"AA");
+  const std::size_t outer = scopes.GetMark();
+  scopes.Set(u"urn:0", u"p");
+  EXPECT_EQ(scopes.SetGenerated(u"urn:1"), u"AA");
+  EXPECT_EQ(scopes.SetGenerated(u"urn:2"), u"AB");
+  scopes.Restore(outer);
+  EXPECT_EQ(scopes.GetAliases(), (CXmlWriter::AliasMap{{u"urn:0", u"AA"}}));
+  EXPECT_EQ(scopes.SetGenerated(u"urn:3"), u"AB");
   CXmlWriter::AliasMap aliases;
   for (int i = 0; i < 26; ++i) aliases[{wchar(u'0' + i)}] = {u'A', static_cast<wchar>(u'A' + i)};
   EXPECT_EQ(CXmlWriter::GenerateAlias(aliases), u"BA");

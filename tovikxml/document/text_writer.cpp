@@ -22,8 +22,6 @@ constexpr std::uint64_t kElementSpecials =
     Bit(0) | Bit(u'\n') | Bit(u'\r') | Bit(u'&') | Bit(u'<') | Bit(u'>');
 constexpr std::uint64_t kAttributeSpecials = kElementSpecials | Bit(u'"');
 
-const WString kXsiUri(kXsiNamespace);
-
 std::size_t PlainRun(const wchar* at, const wchar* end, std::uint64_t specials) {
   const wchar* const start = at;
   while (at != end && (*at >= 64 || !(specials >> *at & 1))) ++at;
@@ -90,7 +88,7 @@ void CXmlTextWriter::WriteInlineSchema(const WString& text) {
 void CXmlTextWriter::WriteStartElement(const WString& localName, const WString& namespaceUri) {
   const bool isRoot = !Current();
   CloseStartTag();
-  const CXmlWriterContext* context = PushContext(localName, namespaceUri);
+  CXmlWriterContext* context = PushContext(localName, namespaceUri);
   if (m_formatted) WriteIndent(context->GetDepth());
   m_stream->WriteChar(u'<');
   const WString* generatedFor = nullptr;
@@ -99,7 +97,7 @@ void CXmlTextWriter::WriteStartElement(const WString& localName, const WString& 
   } else if (const WString* alias = context->FindAlias(namespaceUri)) {
     WriteName(alias, localName);
   } else {
-    const WString& generated = MakeAlias(namespaceUri);
+    const WString& generated = context->AddGeneratedAlias(namespaceUri);
     WriteName(&generated, localName);
     WriteDeclaration(generated, namespaceUri);
     generatedFor = &namespaceUri;
@@ -117,7 +115,7 @@ void CXmlTextWriter::WriteAttribute(const WString& localName, const WString& nam
   } else {
     const WString* alias = Current()->FindAlias(namespaceUri);
     if (!alias) {
-      alias = &MakeAlias(namespaceUri);
+      alias = &Current()->AddGeneratedAlias(namespaceUri);
       WriteDeclaration(*alias, namespaceUri);
     }
     m_stream->WriteChar(u' ');
@@ -133,22 +131,22 @@ void CXmlTextWriter::WriteXsiType(const WString& typeNamespaceUri, const WString
                                   ItemType itemType) {
   RequireOpenStartTag();
   if (IsDefaultOrNone(typeNamespaceUri)) {
-    WriteAttribute(u"type", kXsiUri, typeName, itemType);
+    WriteAttribute(u"type", XsiNamespace(), typeName, itemType);
     return;
   }
   const WString* alias = Current()->FindAlias(typeNamespaceUri);
   if (!alias) {
-    alias = &MakeAlias(typeNamespaceUri);
+    alias = &Current()->AddGeneratedAlias(typeNamespaceUri);
     WriteDeclaration(*alias, typeNamespaceUri);
     // The blank that ends this declaration stands beside the one that begins the attribute.
     m_stream->WriteChar(u' ');
   }
-  WriteAttribute(u"type", kXsiUri, *alias + u":" + typeName, itemType);
+  WriteAttribute(u"type", XsiNamespace(), *alias + u":" + typeName, itemType);
 }
 
 void CXmlTextWriter::WriteXsiNil() {
   RequireOpenStartTag();
-  WriteAttribute(u"nil", kXsiUri, u"true", it_boolean);
+  WriteAttribute(u"nil", XsiNamespace(), u"true", it_boolean);
 }
 
 void CXmlTextWriter::WriteText(const WString& value, ItemType /*itemType*/) {
@@ -190,6 +188,7 @@ void CXmlTextWriter::CloseStartTag() {
   context->startTagOpen = false;
   m_stream->WriteChar(u'>');
   if (m_formatted) WriteEol();
+  FlushIfFull();
 }
 
 void CXmlTextWriter::WriteRawText(const WString& text) {
@@ -269,11 +268,6 @@ void CXmlTextWriter::WriteRootDeclarations(const WString* generatedFor) {
     const bool declared = generatedFor && EqualText(uri, *generatedFor);
     if (!declared && !BeginsWith(uri, kXmlNamespace)) WriteDeclaration(alias, uri);
   }
-}
-
-const WString& CXmlTextWriter::MakeAlias(const WString& namespaceUri) {
-  Current()->AddAlias(namespaceUri, GenerateAlias(Current()->GetAliasMap()));
-  return Current()->GetAlias(namespaceUri);
 }
 
 bool CXmlTextWriter::IsDefaultOrNone(const WString& namespaceUri) const {

@@ -63,7 +63,6 @@ class CXmlTextWriter : public CXmlWriter {
   void WriteName(const WString* alias, const WString& localName);
   void WriteDeclaration(const WString& alias, const WString& uri);
   void WriteRootDeclarations(const WString* generatedFor);
-  const WString& MakeAlias(const WString& namespaceUri);
   bool IsDefaultOrNone(const WString& namespaceUri) const;
   void FlushIfFull();
 

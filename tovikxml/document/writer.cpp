@@ -11,12 +11,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr unsigned kLetters = 26;
-
-WString AliasCandidate(std::size_t index) {
-  return {static_cast<wchar>(u'A' + index / kLetters), static_cast<wchar>(u'A' + index % kLetters)};
-}
-
 // A chain of contexts can be as long as the document is deep, so it is not left to the destructors
 // of its members, which would recurse.
 template <class Context>
@@ -32,35 +26,22 @@ CXmlWriter::CXmlWriterContext::~CXmlWriterContext() {
   DestroyChain(std::move(m_parent), &CXmlWriterContext::m_parent);
 }
 
-const WString* CXmlWriter::CXmlWriterContext::FindAlias(const WString& namespaceUri) const {
-  const auto* last = m_scope->lastFound;
-  if (last && EqualText(last->first, namespaceUri)) return &last->second;
-  const auto entry = m_scope->aliases.find(namespaceUri);
-  if (entry == m_scope->aliases.end()) return nullptr;
-  m_scope->lastFound = &*entry;
-  return &entry->second;
-}
-
 const WString& CXmlWriter::CXmlWriterContext::GetAlias(const WString& namespaceUri) const {
   const WString* alias = FindAlias(namespaceUri);
-  return alias ? *alias : m_scope->aliases[namespaceUri];
-}
-
-void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const WString& uri) {
-  MakeOwnScope();
-  m_scope->defaultNamespace = uri;
+  return alias ? *alias : m_scopes->Set(namespaceUri, WString());
 }
 
 void CXmlWriter::CXmlWriterContext::AddAlias(const WString& namespaceUri, const WString& alias) {
-  MakeOwnScope();
-  m_scope->aliases[namespaceUri] = alias;
+  m_scopes->Set(namespaceUri, alias);
 }
 
-void CXmlWriter::CXmlWriterContext::MakeOwnScope() {
-  if (m_ownScope) return;
-  m_ownScope = m_scope ? std::make_unique<Scope>(*m_scope) : std::make_unique<Scope>();
-  m_scope = m_ownScope.get();
-  m_scope->lastFound = nullptr;
+const WString& CXmlWriter::CXmlWriterContext::AddGeneratedAlias(const WString& namespaceUri) {
+  return m_scopes->SetGenerated(namespaceUri);
+}
+
+void CXmlWriter::CXmlWriterContext::SetDefaultNamespace(const WString& uri) {
+  m_ownDefaultNamespace = uri;
+  m_defaultNamespace = &m_ownDefaultNamespace;
 }
 
 CXmlWriter::CXmlWriter(const wchar* className) : CInstanceMonitor(className) {
@@ -96,16 +77,9 @@ void CXmlWriter::SetCollectionState(int state) {
 }
 
 WString CXmlWriter::GenerateAlias(const AliasMap& aliases) {
-  // Among the first size + 1 candidates at least one is free.
-  std::vector<bool> used(aliases.size() + 1);
-  for (const auto& [uri, alias] : aliases) {
-    if (alias.size() != 2 || alias[0] < u'A' || alias[1] < u'A' || alias[1] > u'Z') continue;
-    const std::size_t index = (alias[0] - u'A') * kLetters + (alias[1] - u'A');
-    if (index < used.size()) used[index] = true;
-  }
-  std::size_t index = 0;
-  while (used[index]) ++index;
-  return AliasCandidate(index);
+  CAliasCandidates candidates;
+  for (const auto& entry : aliases) candidates.Take(entry.second);
+  return candidates.GetFirstFree();
 }
 
 CXmlWriter::CXmlWriterContext* CXmlWriter::PushContext(const WString& localName,
@@ -113,9 +87,11 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::PushContext(const WString& localName,
   auto context = TakeContext();
   context->m_localName = localName;
   context->m_namespaceUri = namespaceUri;
+  context->m_scopes = &m_scopes;
+  context->m_outerAliases = m_scopes.GetMark();
   if (m_current) {
     context->m_depth = m_current->m_depth + 1;
-    context->m_scope = m_current->m_scope;
+    context->m_defaultNamespace = m_current->m_defaultNamespace;
   } else {
     EnterRootScope(*context);
   }
@@ -127,8 +103,7 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::PushContext(const WString& localName,
 void CXmlWriter::PopContext() {
   auto context = std::move(m_current);
   m_current = std::move(context->m_parent);
-  context->m_scope = nullptr;
-  context->m_ownScope.reset();
+  m_scopes.Restore(context->m_outerAliases);
   context->m_parent = std::move(m_spare);
   m_spare = std::move(context);
 }
@@ -152,22 +127,20 @@ std::unique_ptr<CXmlWriter::CXmlWriterContext> CXmlWriter::TakeContext() {
 // The root takes over what the writer was told, but for what could not be declared: an empty
 // alias or namespace, and an alias that stands for another namespace already. An entry of the
 // latter kind gets a generated alias.
-void CXmlWriter::EnterRootScope(CXmlWriterContext& root) const {
-  root.MakeOwnScope();
-  root.m_scope->defaultNamespace = m_defaultNamespace;
-  AliasMap& aliases = root.m_scope->aliases;
-  aliases.emplace(kXmlNamespace, u"xml");
+void CXmlWriter::EnterRootScope(CXmlWriterContext& root) {
+  root.SetDefaultNamespace(m_defaultNamespace);
+  m_scopes.Set(WString(kXmlNamespace), u"xml");
   std::set<WString> taken{u"xml", u"xmlns"};
   std::vector<WString> clashing;
   for (const auto& [uri, alias] : m_aliases) {
     if (alias.empty() || uri.empty() || uri == kXmlNamespace) continue;
     if (taken.insert(alias).second) {
-      aliases.emplace(uri, alias);
+      m_scopes.Set(uri, alias);
     } else {
       clashing.push_back(uri);
     }
   }
-  for (const WString& uri : clashing) aliases.emplace(uri, GenerateAlias(aliases));
+  for (const WString& uri : clashing) m_scopes.SetGenerated(uri);
 }
 
 }  // namespace TovikXmlLib16

@@ -1,6 +1,7 @@
 #ifndef TOVIKXML_DOCUMENT_WRITER_H_
 #define TOVIKXML_DOCUMENT_WRITER_H_
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <memory>
@@ -9,6 +10,7 @@
 #include "tovikxml/base/instance_monitor.h"
 #include "tovikxml/base/item_type.h"
 #include "tovikxml/base/wide_string.h"
+#include "tovikxml/document/alias_scopes.h"
 
 namespace TovikXmlLib16 {
 
@@ -61,21 +63,12 @@ class TOVIKXML_EXPORT CXmlWriter : public CInstanceMonitor {
   /// the last. Without effect if no element is open.
   virtual void SetCollectionState(int state);
 
-  /// From namespace URI to alias, ordered by the 16-bit units of the URI.
-  using AliasMap = std::map<WString, WString>;
+  using AliasMap = CAliasScopes::AliasMap;
 
   /// The first of "AA", "AB" ... "AZ", "BA" ... that no entry of the map uses.
   static WString GenerateAlias(const AliasMap& aliases);
 
  protected:
-  /// The namespaces in force: elements share the scope of their parent until one changes it.
-  struct Scope {
-    WString defaultNamespace;
-    AliasMap aliases;
-    /// The entry that was looked up last, since namespaces repeat; null if there is none.
-    const AliasMap::value_type* lastFound = nullptr;
-  };
-
   /// One open element.
   class TOVIKXML_EXPORT CXmlWriterContext : public CInstanceMonitor {
    public:
@@ -88,15 +81,22 @@ class TOVIKXML_EXPORT CXmlWriter : public CInstanceMonitor {
     int GetDepth() const { return m_depth; }
     CXmlWriterContext* GetParent() const { return m_parent.get(); }
 
-    const WString& GetDefaultNamespace() const { return m_scope->defaultNamespace; }
-    const AliasMap& GetAliasMap() const { return m_scope->aliases; }
-    /// The alias in force for a namespace; null if it has none.
-    const WString* FindAlias(const WString& namespaceUri) const;
-    /// The alias in force for a namespace that has one.
+    const WString& GetDefaultNamespace() const { return *m_defaultNamespace; }
+    /// @name The aliases in force
+    /// Of the innermost element alone; what it changes ends with it.
+    /// @{
+    const AliasMap& GetAliasMap() const { return m_scopes->GetAliases(); }
+    /// Null if the namespace has none.
+    const WString* FindAlias(const WString& namespaceUri) const {
+      return m_scopes->Find(namespaceUri);
+    }
+    /// A namespace that has none gets an empty one.
     const WString& GetAlias(const WString& namespaceUri) const;
-    /// Gives this element a scope of its own, if it has none yet, and changes it.
-    void SetDefaultNamespace(const WString& uri);
     void AddAlias(const WString& namespaceUri, const WString& alias);
+    const WString& AddGeneratedAlias(const WString& namespaceUri);
+    /// @}
+    /// For this element and those inside.
+    void SetDefaultNamespace(const WString& uri);
 
     std::int32_t childCount = 0;
     /// Whether attributes are still legal.
@@ -106,14 +106,15 @@ class TOVIKXML_EXPORT CXmlWriter : public CInstanceMonitor {
 
    private:
     friend class CXmlWriter;
-    void MakeOwnScope();
 
     std::int32_t m_depth = 0;
     WString m_namespaceUri;
     WString m_localName;
     std::unique_ptr<CXmlWriterContext> m_parent;
-    Scope* m_scope = nullptr;
-    std::unique_ptr<Scope> m_ownScope;
+    CAliasScopes* m_scopes = nullptr;
+    std::size_t m_outerAliases = 0;  // the mark to restore behind the element
+    WString m_ownDefaultNamespace;
+    const WString* m_defaultNamespace = &m_ownDefaultNamespace;  // or an ancestor's
   };
 
   /// Takes the name of the deriving class.
@@ -130,13 +131,14 @@ class TOVIKXML_EXPORT CXmlWriter : public CInstanceMonitor {
 
  private:
   std::unique_ptr<CXmlWriterContext> TakeContext();
-  void EnterRootScope(CXmlWriterContext& root) const;
+  void EnterRootScope(CXmlWriterContext& root);
 
   WString m_defaultNamespace;
   std::unique_ptr<CXmlWriterContext> m_current;
   // Contexts of closed elements, linked through their parents, for reuse.
   std::unique_ptr<CXmlWriterContext> m_spare;
   AliasMap m_aliases;
+  CAliasScopes m_scopes;
 };
 
 }  // namespace TovikXmlLib16

@@ -10,6 +10,13 @@ inline constexpr WStringView kXmlNamespace = u"http://www.w3.org/XML/1998/namesp
 inline constexpr WStringView kXmlnsNamespace = u"http://www.w3.org/2000/xmlns/";
 inline constexpr WStringView kXsiNamespace = u"http://www.w3.org/2001/XMLSchema-instance";
 
+/// The last of them as a string, also for what runs before the constructors of this library's own
+/// objects.
+inline const WString& XsiNamespace() {
+  static const WString uri(kXsiNamespace);
+  return uri;
+}
+
 inline constexpr WStringView kCDataStart = u"<![CDATA[";
 inline constexpr WStringView kCDataEnd = u"]]>";
 

@@ -17,9 +17,7 @@ namespace {
 constexpr WStringView kDefaultVocabularyUri = u"urn:tovikxml:external-vocabulary";
 constexpr std::uint32_t kAlgorithmCount = 10;
 
-const WString kXsiUri{kXsiNamespace};
-const WString kXmlUri{kXmlNamespace};
-const WString kNone;
+constinit const WString kNone;
 
 }  // namespace
 
@@ -153,17 +151,17 @@ void CFastInfosetWriter::WriteXsiType(const WString& typeNamespaceUri, const WSt
                                       ItemType itemType) {
   BeginAttribute();
   if (typeNamespaceUri.empty() || typeNamespaceUri == Current()->GetDefaultNamespace()) {
-    return WriteAttribute(u"type", kXsiUri, typeName, itemType);
+    return WriteAttribute(u"type", XsiNamespace(), typeName, itemType);
   }
   // The prefix of the attribute's own name is that of the type, too.
   const WString& alias = AliasFor(typeNamespaceUri);
-  WriteQualifiedName(NameForm::kAttribute, 0, alias, kXsiUri, u"type");
+  WriteQualifiedName(NameForm::kAttribute, 0, alias, XsiNamespace(), u"type");
   WriteAttributeValue(alias + u":" + typeName, itemType);
 }
 
 void CFastInfosetWriter::WriteXsiNil() {
   BeginAttribute();
-  WriteAttribute(u"nil", kXsiUri, u"true", it_boolean);
+  WriteAttribute(u"nil", XsiNamespace(), u"true", it_boolean);
 }
 
 // The first octet of the element, the root's namespaces, and the name.
@@ -191,7 +189,7 @@ void CFastInfosetWriter::WriteRootNamespaces() {
     WriteIdentifyingString(m_tables.namespaceNames, root.GetDefaultNamespace());
   }
   for (const auto& [uri, alias] : root.GetAliasMap()) {
-    if (uri.compare(0, kXmlUri.size(), kXmlUri) == 0) continue;
+    if (uri.compare(0, kXmlNamespace.size(), kXmlNamespace) == 0) continue;
     m_output.Put(0xCF);
     WriteIdentifyingString(m_tables.prefixNames, alias);
     WriteIdentifyingString(m_tables.namespaceNames, uri);
@@ -222,8 +220,7 @@ void CFastInfosetWriter::WritePendingTerminator() {
 const WString& CFastInfosetWriter::AliasFor(const WString& namespaceUri) {
   CXmlWriterContext& element = *Current();
   if (const WString* alias = element.FindAlias(namespaceUri)) return *alias;
-  element.AddAlias(namespaceUri, GenerateAlias(element.GetAliasMap()));
-  return element.GetAlias(namespaceUri);
+  return element.AddGeneratedAlias(namespaceUri);
 }
 
 void CFastInfosetWriter::WriteIdentifyingString(CFIIndexedStrings& table, const WString& text) {

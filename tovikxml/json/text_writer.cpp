@@ -18,8 +18,6 @@ constexpr int kArrayBegun = 1;  // a repeated element is being written, and has 
 constexpr int kArrayOpen = 2;
 constexpr int kArrayEnded = 3;  // passed by the caller, never kept
 
-const WString kXsiUri(kXsiNamespace);
-
 // Whether a unit stands for itself in a string.
 constexpr bool IsPlain(wchar unit) {
   return unit >= 32 && unit != u'"' && unit != u'\\';
@@ -132,11 +130,11 @@ void CJsonTextWriter::WriteXsiType(const WString& typeNamespaceUri, const WStrin
                                    ItemType itemType) {
   if (m_roundTrip != jrt_Full) return;
   if (IsDefaultOrNone(typeNamespaceUri)) {
-    WriteAttribute(u"type", kXsiUri, typeName, itemType);
+    WriteAttribute(u"type", XsiNamespace(), typeName, itemType);
     return;
   }
   const WString& alias = RequireAlias(typeNamespaceUri, typeName);
-  WriteAttribute(u"type", kXsiUri, alias + u":" + typeName, itemType);
+  WriteAttribute(u"type", XsiNamespace(), alias + u":" + typeName, itemType);
 }
 
 void CJsonTextWriter::WriteXsiNil() {}
@@ -276,7 +274,7 @@ const WString* CJsonTextWriter::MakeRootAlias() {
   CXmlWriterContext& root = *Current();
   const WString& uri = root.GetNamespaceUri();
   if (m_roundTrip != jrt_Full || IsDefaultOrNone(uri) || root.FindAlias(uri)) return nullptr;
-  root.AddAlias(uri, GenerateAlias(root.GetAliasMap()));
+  root.AddGeneratedAlias(uri);
   return &uri;
 }
 
