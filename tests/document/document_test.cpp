@@ -82,6 +82,21 @@ TEST(Document, GivesPaths) {
   EXPECT_EQ(document.LookupAliasFromNamespace(u"urn:d"), u"");
 }
 
+TEST(Document, FollowsPrefixesThatAreBoundAnew) {
+  static std::u16string seen;
+  seen.clear();
+  CXmlDocument document([](CXmlElement* element) {
+    seen += element->GetXPath();
+    return false;
+  });
+  document.LoadXml(
+      "<a xmlns:q='urn:1'><p:b xmlns:p='urn:1'/><p:c xmlns:p='urn:2'/><q:d/><b "
+      "xmlns='urn:1'/></a>");
+  EXPECT_EQ(seen, u"/a/p:b/a/p:c/a/q:d/a/b[2]/a");
+  EXPECT_EQ(document.LookupAliasFromNamespace(u"urn:1"), u"");
+  EXPECT_EQ(document.LookupAliasFromNamespace(u"urn:2"), u"p");
+}
+
 TEST(Document, TellsAttributesOfTheMachineryApart) {
   CXmlDocument document;
   document.LoadXml(

@@ -19,10 +19,8 @@ void AnnounceNamespaces(CXmlWriter* writer, const CSerializationContext& context
   for (const WString& instruction : context.GetProcessingInstructions()) {
     writer->WriteProcessingInstruction(instruction);
   }
-  const CNamespaceAliasMap& aliases = context.GetNamespaceAliases();
-  for (int i = 0; i < aliases.GetNamespaceCount(); ++i) {
-    const WString uri = aliases.GetNamespaceAt(i);
-    writer->AddNamespaceAlias(aliases.GetAliasFromNamespace(uri.c_str()), uri);
+  for (const auto& [uri, alias] : context.GetNamespaceAliases().GetEntries()) {
+    writer->AddNamespaceAlias(alias, uri);
   }
   const WString defaultNamespace = context.GetDefaultNamespaceURI();
   if (!defaultNamespace.empty()) writer->SetDefaultNamespace(defaultNamespace);

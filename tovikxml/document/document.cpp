@@ -10,7 +10,11 @@
 namespace TovikXmlLib16 {
 namespace {
 
-const WString kEmptyText;
+constinit const WString kEmptyText;
+
+bool EndsWith(WStringView text, WStringView end) {
+  return text.size() >= end.size() && EqualText(text.substr(text.size() - end.size()), end);
+}
 
 void AppendPosition(WString& name, std::size_t position) {
   name.append(u"[").append(WidenAscii(std::to_string(position))).append(u"]");
@@ -114,7 +118,9 @@ WString CXmlElement::GetNameWithPredicate() const {
   const auto isNamesake = [&](const CXmlElement* sibling) {
     if (sibling->m_name == m_name) return true;
     if (sibling->m_name == lastOther) return false;
-    if (EqualText(sibling->GetQName(), name)) return true;
+    if (EndsWith(name, sibling->GetLocalName()) && EqualText(sibling->GetQName(), name)) {
+      return true;
+    }
     lastOther = sibling->m_name;
     return false;
   };
@@ -158,17 +164,20 @@ void CXmlDocument::Cleanup() {
   m_storage.reset();
   m_open.clear();
   m_aliases.clear();
+  m_prefixes.reset();
 }
 
 WString CXmlDocument::LookupAliasFromNamespace(const wchar* uri) const {
-  return LookupAlias(ViewOf(uri));
+  return LookupAlias(TextOf(uri));
 }
 
-WString CXmlDocument::LookupAlias(WStringView uri) const {
-  for (const auto& [prefix, boundUri] : m_aliases) {
-    if (EqualText(boundUri, uri)) return prefix;
+WString CXmlDocument::LookupAlias(const WString& uri) const {
+  if (!m_prefixes) {
+    m_prefixes.emplace();
+    for (const auto& [prefix, boundUri] : m_aliases) (*m_prefixes)[boundUri].insert(prefix);
   }
-  return WString();
+  const auto prefixes = m_prefixes->find(uri);
+  return prefixes == m_prefixes->end() ? WString() : *prefixes->second.begin();
 }
 
 WString CXmlDocument::LookupNamespaceFromAlias(const wchar* alias) const {
@@ -228,7 +237,15 @@ void CXmlDocument::AppendTextExcludingCR(WStringView text) {
 }
 
 void CXmlDocument::BindAlias(WString prefix, WString uri) {
-  m_aliases[std::move(prefix)] = std::move(uri);
+  WString& boundUri = m_aliases[prefix];
+  if (m_prefixes) {
+    const auto former = m_prefixes->find(boundUri);
+    if (former != m_prefixes->end() && former->second.erase(prefix) && former->second.empty()) {
+      m_prefixes->erase(former);
+    }
+    (*m_prefixes)[uri].insert(std::move(prefix));
+  }
+  boundUri = std::move(uri);
 }
 
 void CXmlDocument::EndElement() {

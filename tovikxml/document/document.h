@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
+#include <set>
 #include <vector>
 
 #include "tovikxml/base/export.h"
@@ -222,13 +224,15 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   void LoadOverlapped(const wchar* fileName);
   void ParseOverlapped(CInputFile& file, ByteArray current);
 
-  WString LookupAlias(WStringView uri) const;
+  WString LookupAlias(const WString& uri) const;
 
   std::unique_ptr<CXmlTreeStorage> m_storage;
   CXmlElement* m_root = nullptr;
   const CXmlName* m_lastName = nullptr;
   std::vector<OpenElement> m_open;
   std::map<WString, WString> m_aliases;
+  // The prefixes of each namespace, from the first time that one is asked for.
+  mutable std::optional<std::map<WString, std::set<WString>>> m_prefixes;
   int m_schemaType;
   WString m_lentText;
   ElementCallback m_callback = nullptr;

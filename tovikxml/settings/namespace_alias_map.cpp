@@ -10,27 +10,40 @@
 namespace TovikXmlLib16 {
 
 void CNamespaceAliasMap::Add(const wchar* alias, const wchar* namespaceUri) {
-  m_aliases[TextOf(namespaceUri)] = TextOf(alias);
+  RemoveNamespace(namespaceUri);
+  Store(TextOf(alias), TextOf(namespaceUri));
 }
 
 void CNamespaceAliasMap::RemoveNamespace(const wchar* namespaceUri) {
-  m_aliases.erase(TextOf(namespaceUri));
+  const auto entry = m_aliases.find(TextOf(namespaceUri));
+  if (entry == m_aliases.end()) return;
+  const auto namespaces = m_namespaces.find(entry->second);
+  namespaces->second.erase(entry->first);
+  if (namespaces->second.empty()) m_namespaces.erase(namespaces);
+  m_aliases.erase(entry);
 }
 
 WString CNamespaceAliasMap::GetNamespaceAt(int index) const {
-  return std::next(m_aliases.begin(), std::max(index, 0))->first;
+  const int count = GetNamespaceCount();
+  index = std::max(index, 0);
+  if (index <= count / 2) return std::next(m_aliases.begin(), index)->first;
+  return std::prev(m_aliases.end(), count - index)->first;
 }
 
 WString CNamespaceAliasMap::GetAliasFromNamespace(const wchar* namespaceUri) const {
-  return m_aliases[TextOf(namespaceUri)];
+  const WString uri = TextOf(namespaceUri);
+  const auto entry = m_aliases.find(uri);
+  if (entry != m_aliases.end()) return entry->second;
+  Store(WString(), uri);
+  return WString();
 }
 
 WString CNamespaceAliasMap::GetNamespaceFromAlias(const wchar* alias) const {
-  const auto entry = FindAlias(alias);
-  if (entry == m_aliases.end()) {
+  const auto namespaces = m_namespaces.find(TextOf(alias));
+  if (namespaces == m_namespaces.end()) {
     throw CTovikException(FormatString(u"Namespace alias [%s] not found", TextOf(alias).c_str()));
   }
-  return entry->first;
+  return *namespaces->second.begin();
 }
 
 bool CNamespaceAliasMap::DoesNamespaceExist(const wchar* namespaceUri) const {
@@ -38,13 +51,12 @@ bool CNamespaceAliasMap::DoesNamespaceExist(const wchar* namespaceUri) const {
 }
 
 bool CNamespaceAliasMap::DoesAliasExist(const wchar* alias) const {
-  return FindAlias(alias) != m_aliases.end();
+  return m_namespaces.count(TextOf(alias)) != 0;
 }
 
-std::map<WString, WString>::const_iterator CNamespaceAliasMap::FindAlias(const wchar* alias) const {
-  const WStringView wanted = ViewOf(alias);
-  return std::find_if(m_aliases.begin(), m_aliases.end(),
-                      [&](const auto& entry) { return EqualText(entry.second, wanted); });
+void CNamespaceAliasMap::Store(const WString& alias, const WString& namespaceUri) const {
+  m_namespaces[alias].insert(namespaceUri);
+  m_aliases.emplace(namespaceUri, alias);
 }
 
 }  // namespace TovikXmlLib16

@@ -2,6 +2,7 @@
 #define TOVIKXML_SETTINGS_NAMESPACE_ALIAS_MAP_H_
 
 #include <map>
+#include <set>
 
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
@@ -29,8 +30,11 @@ class TOVIKXML_EXPORT CNamespaceAliasMap {
 
   int GetNamespaceCount() const { return static_cast<int>(m_aliases.size()); }
   /// The URI of the entry at a position. An index below 1 gives the first entry; the index must be
-  /// below the count.
+  /// below the count. The cost is that of the way from the nearer end; to see all entries, use
+  /// `GetEntries`.
   WString GetNamespaceAt(int index) const;
+  /// From URI to alias.
+  const std::map<WString, WString>& GetEntries() const { return m_aliases; }
   /// The alias of the namespace. A namespace without an entry gives an empty alias and thereby
   /// gets an entry with that empty alias.
   WString GetAliasFromNamespace(const wchar* namespaceUri) const;
@@ -40,10 +44,11 @@ class TOVIKXML_EXPORT CNamespaceAliasMap {
   bool DoesAliasExist(const wchar* alias) const;
 
  private:
-  std::map<WString, WString>::const_iterator FindAlias(const wchar* alias) const;
+  void Store(const WString& alias, const WString& namespaceUri) const;
 
   // Mutable because looking an alias up makes an entry for an unknown namespace.
   mutable std::map<WString, WString> m_aliases;
+  mutable std::map<WString, std::set<WString>> m_namespaces;  // of each alias
 };
 
 }  // namespace TovikXmlLib16
