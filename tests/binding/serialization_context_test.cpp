@@ -4,6 +4,7 @@
 
 #include "tests/support/text.h"
 #include "tovikxml/collections/attribute_col.h"
+#include "tovikxml/settings/fastinfoset_context.h"
 #include "tovikxml/settings/json_context.h"
 
 using namespace TovikXmlLib16;
@@ -52,6 +53,8 @@ TEST(SerializationContext, CopiesItsSettingsAndSharesItsRootAttributes) {
   source.SetStripCDATA(false);
   source.SetIgnoreMissingChoice(true);
   source.SetMaxNesting(7);
+  source.SetMaxDecompressionRatio(8);
+  source.SetMaxTableEntries(9);
   source.SetInLineSchema(u"<s/>");
   source.GetNamespaceAliases().Add(u"p", u"urn:p");
   source.GetProcessingInstructions().push_back(u"<?pi?>");
@@ -63,6 +66,8 @@ TEST(SerializationContext, CopiesItsSettingsAndSharesItsRootAttributes) {
   EXPECT_FALSE(copy.GetStripCDATA());
   EXPECT_TRUE(copy.GetIgnoreMissingChoice());
   EXPECT_EQ(copy.GetMaxNesting(), 7);
+  EXPECT_EQ(copy.GetMaxDecompressionRatio(), 8u);
+  EXPECT_EQ(copy.GetMaxTableEntries(), 9u);
   EXPECT_EQ(copy.GetInLineSchema(), u"<s/>");
   EXPECT_TRUE(copy.GetNamespaceAliases().DoesAliasExist(u"p"));
   EXPECT_EQ(copy.GetProcessingInstructions().at(0), u"<?pi?>");
@@ -71,7 +76,22 @@ TEST(SerializationContext, CopiesItsSettingsAndSharesItsRootAttributes) {
   source.GetAdditionalRootAttributes()->Add(u"b");
   EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 2);
 
+  // References to what hangs off the context outlive the assignment, and so do listeners that use
+  // it while the former attributes go.
+  class Asker : public IEventSink {
+   public:
+    void OnEvent(CXmlObjectBase*, MsgType, void*) override {
+      CSerializationContext::GetDefaultContext().GetJsonContext();
+    }
+  } asker;
+  const CJsonContext& json = copy.GetJsonContext();
+  copy.GetFIContext().SetElementMaxAddLength(1);
+  source = copy;
+  copy.GetAdditionalRootAttributes()->AddEventListener(&asker);
+  source = CSerializationContext();
   copy = CSerializationContext();
+  EXPECT_EQ(&json, &copy.GetJsonContext());
+  EXPECT_EQ(copy.GetFIContext().GetElementMaxAddLength(), 6u);
   EXPECT_EQ(copy.GetNamespaceAliases().GetNamespaceCount(), 0);
   EXPECT_EQ(copy.GetAdditionalRootAttributes()->GetCount(), 0);
   EXPECT_EQ(copy.GetJsonContext().GetSupportRoundtrip(), jrt_Full);

@@ -1,6 +1,7 @@
 #include "tovikxml/settings/serialization_context.h"
 
 #include <mutex>
+#include <utility>
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
@@ -18,18 +19,6 @@ std::mutex& LazyMembers() {
   return mutex;
 }
 
-template <class T>
-T& MadeOnce(std::unique_ptr<T>& member) {
-  const std::lock_guard lock(LazyMembers());
-  if (!member) member = std::make_unique<T>();
-  return *member;
-}
-
-template <class T>
-std::unique_ptr<T> CopyOf(const std::unique_ptr<T>& source) {
-  return source ? std::make_unique<T>(*source) : nullptr;
-}
-
 [[noreturn]] void ThrowExclusiveFlags(const wchar* advice) {
   throw CTovikInvalidStateException(
       WString(u"The parser can only ignore additional elements, or ignore the fact that some "
@@ -39,42 +28,67 @@ std::unique_ptr<T> CopyOf(const std::unique_ptr<T>& source) {
 
 }  // namespace
 
-CSerializationContext::CSerializationContext() = default;
+template <class T>
+CSerializationContext::MadeOnDemand<T>::MadeOnDemand() = default;
 
-CSerializationContext::CSerializationContext(const CSerializationContext& other) {
+template <class T>
+CSerializationContext::MadeOnDemand<T>::MadeOnDemand(const MadeOnDemand& other) {
   *this = other;
 }
 
-CSerializationContext& CSerializationContext::operator=(const CSerializationContext& other) {
-  if (this == &other) return *this;
-  {
-    const std::lock_guard lock(LazyMembers());
-    m_jsonContext = CopyOf(other.m_jsonContext);
-    m_fastInfosetContext = CopyOf(other.m_fastInfosetContext);
-    m_additionalRootAttributes = other.m_additionalRootAttributes;
+template <class T>
+CSerializationContext::MadeOnDemand<T>& CSerializationContext::MadeOnDemand<T>::operator=(
+    const MadeOnDemand& other) {
+  const std::lock_guard lock(LazyMembers());
+  if (m_settings) {
+    *m_settings = other.m_settings ? *other.m_settings : T();
+  } else if (other.m_settings) {
+    m_settings = std::make_unique<T>(*other.m_settings);
   }
-  m_defaultNamespaceUri = other.m_defaultNamespaceUri;
-  m_namespaceAliases = other.m_namespaceAliases;
-  m_instructions = other.m_instructions;
-  m_inLineSchema = other.m_inLineSchema;
-  m_indentChars = other.m_indentChars;
-  m_schemaType = other.m_schemaType;
-  m_maxNesting = other.m_maxNesting;
-  m_maxDecompressedSize = other.m_maxDecompressedSize;
-  m_maxExpandedText = other.m_maxExpandedText;
-  m_writeTypeAttribute = other.m_writeTypeAttribute;
-  m_noOptionalAttributeDefaults = other.m_noOptionalAttributeDefaults;
-  m_writeDefaultElementValues = other.m_writeDefaultElementValues;
-  m_ignoreUnknownElements = other.m_ignoreUnknownElements;
-  m_ignoreMissingMandatoryElements = other.m_ignoreMissingMandatoryElements;
-  m_ignoreUnknownAttributes = other.m_ignoreUnknownAttributes;
-  m_ignoreInvalidCollectionCounts = other.m_ignoreInvalidCollectionCounts;
-  m_ignoreMissingChoice = other.m_ignoreMissingChoice;
-  m_ignoreNamespaces = other.m_ignoreNamespaces;
-  m_stripCData = other.m_stripCData;
   return *this;
 }
 
+template <class T>
+CSerializationContext::MadeOnDemand<T>::~MadeOnDemand() = default;
+
+template <class T>
+T& CSerializationContext::MadeOnDemand<T>::Get() const {
+  const std::lock_guard lock(LazyMembers());
+  if (!m_settings) m_settings = std::make_unique<T>();
+  return *m_settings;
+}
+
+CSerializationContext::RootAttributes::RootAttributes() = default;
+
+CSerializationContext::RootAttributes::RootAttributes(const RootAttributes& other)
+    : m_attributes(other.GetIfMade()) {}
+
+// The former list is let go behind the lock, since its end may call listeners.
+CSerializationContext::RootAttributes& CSerializationContext::RootAttributes::operator=(
+    const RootAttributes& other) {
+  CSmartPtr<CAttributeCol> attributes = other.GetIfMade();
+  const std::lock_guard lock(LazyMembers());
+  std::swap(m_attributes, attributes);
+  return *this;
+}
+
+CSerializationContext::RootAttributes::~RootAttributes() = default;
+
+CSmartPtr<CAttributeCol> CSerializationContext::RootAttributes::Get() const {
+  const std::lock_guard lock(LazyMembers());
+  if (!m_attributes) m_attributes = new CAttributeCol(u"", u"##any", u"");
+  return m_attributes;
+}
+
+CSmartPtr<CAttributeCol> CSerializationContext::RootAttributes::GetIfMade() const {
+  const std::lock_guard lock(LazyMembers());
+  return m_attributes;
+}
+
+CSerializationContext::CSerializationContext() = default;
+CSerializationContext::CSerializationContext(const CSerializationContext& other) = default;
+CSerializationContext& CSerializationContext::operator=(const CSerializationContext& other) =
+    default;
 CSerializationContext::~CSerializationContext() = default;
 
 CSerializationContext& CSerializationContext::GetDefaultContext() {
@@ -118,19 +132,15 @@ void CSerializationContext::SetIgnoreMissingMandatoryElements(bool value) {
 }
 
 CJsonContext& CSerializationContext::GetJsonContext() const {
-  return MadeOnce(m_jsonContext);
+  return m_jsonContext.Get();
 }
 
 CFastInfosetContext& CSerializationContext::GetFIContext() const {
-  return MadeOnce(m_fastInfosetContext);
+  return m_fastInfosetContext.Get();
 }
 
 CSmartPtr<CAttributeCol> CSerializationContext::GetAdditionalRootAttributes() const {
-  const std::lock_guard lock(LazyMembers());
-  if (!m_additionalRootAttributes) {
-    m_additionalRootAttributes = new CAttributeCol(u"", u"##any", u"");
-  }
-  return m_additionalRootAttributes;
+  return m_additionalRootAttributes.Get();
 }
 
 }  // namespace TovikXmlLib16

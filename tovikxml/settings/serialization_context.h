@@ -41,8 +41,8 @@ enum SchemaType : int {
 class TOVIKXML_EXPORT CSerializationContext {
  public:
   CSerializationContext();
-  /// Copies every setting. The JSON and Fast Infoset settings are copied too; the additional root
-  /// attributes are shared with the source.
+  /// Copies every setting. The JSON and Fast Infoset settings are copied too, so that references to
+  /// those of either context stay valid; the additional root attributes are shared with the source.
   CSerializationContext(const CSerializationContext& other);
   CSerializationContext& operator=(const CSerializationContext& other);
   virtual ~CSerializationContext();
@@ -152,9 +152,40 @@ class TOVIKXML_EXPORT CSerializationContext {
   std::uint64_t GetMaxExpandedText() const { return m_maxExpandedText; }
 
  private:
-  mutable std::unique_ptr<CJsonContext> m_jsonContext;
-  mutable std::unique_ptr<CFastInfosetContext> m_fastInfosetContext;
-  mutable CSmartPtr<CAttributeCol> m_additionalRootAttributes;
+  // Settings that are made with their defaults when they are first asked for. A copy has its own;
+  // assignment changes what is there already in place.
+  template <class T>
+  class MadeOnDemand {
+   public:
+    MadeOnDemand();
+    MadeOnDemand(const MadeOnDemand& other);
+    MadeOnDemand& operator=(const MadeOnDemand& other);
+    ~MadeOnDemand();
+    T& Get() const;
+
+   private:
+    mutable std::unique_ptr<T> m_settings;
+  };
+
+  // A list that copies share once it is made.
+  class RootAttributes {
+   public:
+    RootAttributes();
+    RootAttributes(const RootAttributes& other);
+    RootAttributes& operator=(const RootAttributes& other);
+    ~RootAttributes();
+    CSmartPtr<CAttributeCol> Get() const;
+
+   private:
+    CSmartPtr<CAttributeCol> GetIfMade() const;
+
+    mutable CSmartPtr<CAttributeCol> m_attributes;
+  };
+
+  // Every member copies itself: a setting that is added here is copied with the rest.
+  MadeOnDemand<CJsonContext> m_jsonContext;
+  MadeOnDemand<CFastInfosetContext> m_fastInfosetContext;
+  RootAttributes m_additionalRootAttributes;
   WString m_defaultNamespaceUri;
   CNamespaceAliasMap m_namespaceAliases;
   std::vector<WString> m_instructions;
