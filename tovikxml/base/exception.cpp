@@ -1,5 +1,6 @@
 #include "tovikxml/base/exception.h"
 
+#include <algorithm>
 #include <mutex>
 #include <utility>
 
@@ -11,6 +12,12 @@ namespace {
 WString WithPath(WString message, const WString& path) {
   if (!path.empty()) message.append(u"\nPath: ").append(path);
   return message;
+}
+
+// A zero unit would end a C string.
+WString WithoutZeros(WString text) {
+  std::replace(text.begin(), text.end(), u'\0', u'\uFFFD');
+  return text;
 }
 
 }  // namespace
@@ -63,7 +70,7 @@ const char* CTovikException::what() const noexcept {
   static std::mutex guard;
   try {
     const std::lock_guard<std::mutex> lock(guard);
-    if (m_what.empty()) m_what = DisplayUtf8(GetFullMessage());
+    if (m_what.empty()) m_what = DisplayUtf8(WithoutZeros(GetFullMessage()));
     return m_what.c_str();
   } catch (...) {
     return "CTovikException";

@@ -193,7 +193,13 @@ void CExpatReader::Create() {
 }
 
 void CExpatReader::ParseBuffer(const unsigned char* data, std::size_t length, bool isFinal) {
-  if (!m_hasBegun) BeginUtf16(CUtf16Input::OrderOf(data, length));
+  if (!m_hasBegun) {
+    BeginUtf16(CUtf16Input::OrderOf(data, length));
+    if (m_utf16 && CUtf16Input::BeginsWithMark(data, length)) {
+      data += 2;
+      length -= 2;
+    }
+  }
   m_hasBegun = true;
   if (!m_utf16) return Parse({reinterpret_cast<const char*>(data), length}, isFinal);
   const std::string text = m_utf16->Convert(data, length, isFinal);
@@ -204,7 +210,6 @@ void CExpatReader::ParseBuffer(const unsigned char* data, std::size_t length, bo
 
 void CExpatReader::ParseText(WStringView text) {
   BeginUtf16(CUtf16Input::Order::lowFirst);
-  Parse("\xEF\xBB\xBF", false);
   Parse(CUtf16Input::Convert(text), true);
 }
 
@@ -215,6 +220,8 @@ void CExpatReader::BeginUtf16(CUtf16Input::Order order) {
   static const XML_Char utf8[] = {'U', 'T', 'F', '-', '8', 0};
   if (XML_SetEncoding(m_parser.get(), utf8) != XML_STATUS_OK) throw std::bad_alloc();
   XML_SetXmlDeclHandler(m_parser.get(), Handlers::OnXmlDeclarationOfUtf16);
+  // Without a mark the parser would take a zero unit behind the first one for UTF-16 once more.
+  Parse("\xEF\xBB\xBF", false);
 }
 
 void CExpatReader::Parse(std::string_view bytes, bool isFinal) {

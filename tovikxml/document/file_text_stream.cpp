@@ -1,9 +1,7 @@
 #include "tovikxml/document/file_text_stream.h"
 
-#include <utility>
-
+#include "tovikxml/base/exception.h"
 #include "tovikxml/base/text.h"
-#include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/file_output.h"
 
 namespace TovikXmlLib16 {
@@ -13,7 +11,7 @@ CFileTextStream::CFileTextStream(const wchar* fileName, XmlEncoding encoding)
 
 void CFileTextStream::Open() {
   ClearText();
-  m_hasLostText = false;
+  m_refusal = nullptr;
   m_offset = 0;
   int error = m_file.Open(m_fileName.c_str());
   if (error == 0 && HasByteOrderMark(GetEncoding())) {
@@ -27,12 +25,14 @@ void CFileTextStream::Open() {
 void CFileTextStream::Flush() {
   if (GetLength() == 0) return;
   m_offset += m_file.FinishWrite();
-  std::optional<CBinaryData> bytes = Encode();
   // Behind a block that cannot be written nothing more is, so that the file has no gap.
-  m_hasLostText = m_hasLostText || !bytes;
-  if (!m_hasLostText) {
-    m_pending = *std::move(bytes);
-    StartWrite(m_pending.GetData(), m_pending.GetLength());
+  if (!m_refusal) {
+    try {
+      m_pending = GetCheckedBytes();
+      StartWrite(m_pending.GetData(), m_pending.GetLength());
+    } catch (const CTovikInvalidValueException&) {
+      m_refusal = std::current_exception();
+    }
   }
   ClearText();
 }
@@ -41,7 +41,7 @@ void CFileTextStream::Close() {
   Flush();
   m_offset += m_file.FinishWrite();
   if (const int error = m_file.Close()) FailToWrite(error);
-  if (m_hasLostText) RefuseUnpairedSurrogate();
+  if (m_refusal) std::rethrow_exception(m_refusal);
 }
 
 void CFileTextStream::StartWrite(const unsigned char* data, std::size_t length) {

@@ -23,7 +23,8 @@ class CFileTextStream : public CTextStream {
   /// Creates or empties the file.
   void Open() override;
   /// Writes what is left and closes the file. Raises `CTovikInvalidValueException` if the text had
-  /// an unpaired surrogate and no UTF-8 form; the file then ends in front of the block with it.
+  /// a zero unit, or an unpaired surrogate and no UTF-8 form; the file then ends in front of the
+  /// block with it.
   void Close() override;
   /// Starts the write of the text and empties it. A surrogate pair must not be divided by a flush.
   void Flush() override;
@@ -35,7 +36,7 @@ class CFileTextStream : public CTextStream {
   WString m_fileName;
   CBinaryData m_pending;  // what the write in flight reads from
   std::uint64_t m_offset = 0;
-  bool m_hasLostText = false;
+  std::exception_ptr m_refusal;
   COutputFile m_file;
 };
 

@@ -64,10 +64,14 @@ std::optional<CBinaryData> EncodeUtf8(const Pieces& pieces) {
   return ToBinaryData(std::move(bytes));
 }
 
-CBinaryData EncodeUtf16(const Pieces& pieces) {
+std::uint64_t LengthOf(const Pieces& pieces) {
   std::uint64_t units = 0;
   for (const WStringView piece : pieces) units += piece.size();
-  ByteArray bytes = NewByteArray(2 * units);
+  return units;
+}
+
+CBinaryData EncodeUtf16(const Pieces& pieces) {
+  ByteArray bytes = NewByteArray(2 * LengthOf(pieces));
   unsigned char* end = bytes.data.get();
   for (const WStringView piece : pieces) {
     for (const wchar unit : piece) {
@@ -76,6 +80,19 @@ CBinaryData EncodeUtf16(const Pieces& pieces) {
     }
   }
   return ToBinaryData(std::move(bytes));
+}
+
+// Nothing for text that has no UTF-8 form.
+std::optional<CBinaryData> Encode(const Pieces& pieces, XmlEncoding encoding) {
+  switch (encoding) {
+    case Encoding_UTF8:
+      return EncodeUtf8(pieces);
+    case Encoding_UTF16:
+    case Encoding_UTF16_Undeclared:
+      return EncodeUtf16(pieces);
+    default:
+      throw CTovikException(u"Unknown Encoding, select UTF-8 (contact our support team)");
+  }
 }
 
 }  // namespace
@@ -96,23 +113,15 @@ void CTextStream::Close() {}
 void CTextStream::Flush() {}
 
 CBinaryData CTextStream::GetBytes() const {
-  return Encode().value_or(CBinaryData());
-}
-
-std::optional<CBinaryData> CTextStream::Encode() const {
-  switch (m_encoding) {
-    case Encoding_UTF8:
-      return EncodeUtf8(PiecesUpToZero(m_buffer));
-    case Encoding_UTF16:
-    case Encoding_UTF16_Undeclared:
-      return EncodeUtf16(PiecesUpToZero(m_buffer));
-    default:
-      throw CTovikException(u"Unknown Encoding, select UTF-8 (contact our support team)");
-  }
+  return Encode(PiecesUpToZero(m_buffer), m_encoding).value_or(CBinaryData());
 }
 
 CBinaryData CTextStream::GetCheckedBytes() const {
-  std::optional<CBinaryData> bytes = Encode();
+  const Pieces pieces = PiecesUpToZero(m_buffer);
+  if (LengthOf(pieces) != GetLength()) {
+    throw CTovikInvalidValueException(u"The text has a zero unit and cannot be written as bytes");
+  }
+  std::optional<CBinaryData> bytes = Encode(pieces, m_encoding);
   if (!bytes) RefuseUnpairedSurrogate();
   return *std::move(bytes);
 }

@@ -2,7 +2,6 @@
 #define TOVIKXML_DOCUMENT_TEXT_STREAM_H_
 
 #include <cstdint>
-#include <optional>
 
 #include "tovikxml/base/instance_monitor.h"
 #include "tovikxml/base/wide_string.h"
@@ -53,9 +52,8 @@ class CTextStream : public CInstanceMonitor {
   /// if UTF-8 is asked for and there is an unpaired surrogate. Raises `CTovikException` "Unknown
   /// Encoding, select UTF-8 (contact our support team)" where the encoding names no bytes.
   CBinaryData GetBytes() const;
-  /// The same, but nothing for text that has no UTF-8 form.
-  std::optional<CBinaryData> Encode() const;
-  /// The same, but text that has no UTF-8 form is refused with `RefuseUnpairedSurrogate`.
+  /// The same, but text that would be lost is refused with `CTovikInvalidValueException`: behind a
+  /// zero unit, and text that has no UTF-8 form.
   CBinaryData GetCheckedBytes() const;
 
  protected:

@@ -43,6 +43,12 @@ CUtf16Input::Order CUtf16Input::OrderOf(const unsigned char* data, std::size_t l
   return Order::none;
 }
 
+bool CUtf16Input::BeginsWithMark(const unsigned char* data, std::size_t length) {
+  if (length < 2) return false;
+  const wchar mark = UnitOf(data[0], data[1]);
+  return mark == 0xFEFF || mark == 0xFFFE;
+}
+
 std::string CUtf16Input::Convert(const unsigned char* data, std::size_t length, bool isFinal) {
   const unsigned char* const end = data + length;
   m_units.reserve(m_units.size() + length / 2 + 1);

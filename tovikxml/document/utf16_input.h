@@ -19,6 +19,8 @@ class CUtf16Input {
   /// none if the document is no UTF-16.
   static Order OrderOf(const unsigned char* data, std::size_t length);
 
+  static bool BeginsWithMark(const unsigned char* data, std::size_t length);
+
   explicit CUtf16Input(Order order) : m_order(order) {}
 
   /// The next piece, less what is only complete with the one after it. What is no UTF-16 comes out
