@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 
 #include "tests/collections/listener.h"
 #include "tests/support/bag.h"
@@ -80,6 +82,44 @@ TEST(Collection, TellsListenersInOrderAlsoOnFailure) {
   items->Clear();
   EXPECT_EQ(listener.Heard(), "");
   EXPECT_THROW(items->AddEventListener(nullptr), CTovikInvalidParamException);
+}
+
+// Does in an event what a listener may think of.
+class Meddler : public IEventSink {
+ public:
+  explicit Meddler(std::function<void(CXmlObjectBase*, MsgType)> act) : m_act(std::move(act)) {}
+  void OnEvent(CXmlObjectBase* sender, MsgType type, void* /*data*/) override {
+    m_act(sender, type);
+  }
+
+ private:
+  std::function<void(CXmlObjectBase*, MsgType)> m_act;
+};
+
+TEST(Collection, StandsListenersThatMeddle) {
+  CSmartPtr<BagCol> items(new BagCol(u"item", ItemShape(), 0, -1));
+  Bag* added = nullptr;
+  bool isMeddling = false;
+  Meddler meddler([&](CXmlObjectBase* sender, IEventSink::MsgType type) {
+    const CSmartPtr<CXmlObjectBase> held(sender);
+    if (type == IEventSink::CollectionAdd) const CSmartPtr<Bag> heldItem(added);
+    if (type == IEventSink::CollectionRemove && !std::exchange(isMeddling, true)) items->Remove(0);
+  });
+  Meddler leaver([&](CXmlObjectBase* sender, IEventSink::MsgType) {
+    static_cast<BagCol*>(sender)->RemoveEventListener(&leaver);
+  });
+  Listener last;
+  items->AddEventListener(&meddler);
+  items->AddEventListener(&leaver);
+  items->AddEventListener(&last);
+  items->AppendItem(added = new Bag(ItemShape()));
+  items->AppendItem(added = new Bag(ItemShape()));
+  EXPECT_EQ(last.Heard(), "A0a1CA1a2C");
+  items->Remove(0);
+  EXPECT_EQ(last.Heard(), "R-r-CR-");
+  EXPECT_EQ(items->GetCount(), 1);
+  items = nullptr;  // its events come out of the destructor
+  EXPECT_EQ(last.Heard(), "R-r-C");
 }
 
 TEST(Collection, ChecksItsCountMaximumFirst) {

@@ -113,6 +113,11 @@ TEST(Element, LeavesAForbiddenRootAloneAndAddsToWhatIsThere) {
   element->FromXml(u"<z><d/></z>");
   EXPECT_EQ(Written(element), u"<z i=\"1\"><c/><d/></z>");
   EXPECT_THROW(element->FromXml(u"<z>"), CTovikException);
+  CSerializationContext shallow;
+  shallow.SetMaxNesting(0);
+  EXPECT_THROW(element->FromXml(u"<r><z/></r>", shallow), CTovikException);
+  EXPECT_THROW(element->Clone(shallow), CTovikException);
+  EXPECT_THROW(element->SetNamespaceRestrictions(u"##any", u"", shallow), CTovikException);
 }
 
 TEST(Element, TellsItsHooksBeforeItChanges) {

@@ -187,6 +187,10 @@ TYPED_TEST(TypedCollection, TellsListenersInOrderAlsoOnFailure) {
   EXPECT_EQ(listener.Heard(), "");
   items->Remove(1);
   EXPECT_EQ(listener.Heard(), "R1r1C");
+  CSmartPtr<CXmlCollectionBase> copy;
+  copy = CSmartPtr<TypeParam>(new TypeParam(*items));
+  copy->Clear();
+  EXPECT_EQ(listener.Heard(), "") << "a copy has no listeners";
   items->Clear();
   EXPECT_EQ(listener.Heard(), "R0r0CR0r0C");
 }

@@ -1,6 +1,7 @@
 #ifndef TOVIKXML_BASE_SMART_PTR_H_
 #define TOVIKXML_BASE_SMART_PTR_H_
 
+#include <type_traits>
 #include <utility>
 
 namespace TovikXmlLib16 {
@@ -20,7 +21,7 @@ class CSmartPtr {
   CSmartPtr(T* object) : m_object(object) { Acquire(); }
   CSmartPtr(const CSmartPtr& other) : m_object(other.m_object) { Acquire(); }
   CSmartPtr(CSmartPtr&& other) noexcept : m_object(std::exchange(other.m_object, nullptr)) {}
-  template <class U>
+  template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
   CSmartPtr(const CSmartPtr<U>& other) : m_object(other.Get()) {
     Acquire();
   }
@@ -35,6 +36,10 @@ class CSmartPtr {
     CSmartPtr moved(std::move(other));
     std::swap(m_object, moved.m_object);
     return *this;
+  }
+  template <class U, class = std::enable_if_t<std::is_convertible_v<U*, T*>>>
+  CSmartPtr& operator=(const CSmartPtr<U>& other) {
+    return *this = other.Get();
   }
   CSmartPtr& operator=(T* object) {
     CSmartPtr taken(object);

@@ -16,6 +16,8 @@ CXmlCollection::CXmlCollection(const wchar* elementName, const wchar* namespaceU
     : CXmlCollectionBase(elementName, namespaceUri, minOccurs, maxOccurs) {}
 
 CXmlCollection::~CXmlCollection() {
+  // Listeners may hold the sender for a while, which must not free it once more.
+  AddRef();
   // A listener that throws ends the events, not the freeing.
   try {
     CXmlCollection::Clear();
@@ -82,7 +84,10 @@ CNode* CXmlCollection::GetNodeForItem(const CXmlObjectBase* item) const {
 }
 
 void CXmlCollection::RemoveNode(CNode* node) {
+  const CSmartPtr<CXmlObjectBase> item = node->item;
+  const std::uint32_t removals = m_removals;
   FireOnCollectionRemove(-1);
+  if (m_removals != removals && !HasNode(node, item)) return;
   Unlink(node);
   delete node;
   FireOnCollectionRemoveComplete(-1);
@@ -94,11 +99,18 @@ void CXmlCollection::RemoveNode(CNode* node) {
 template <class FindNext>
 void CXmlCollection::AddInFrontOf(FindNext findNext, CXmlObjectBase* item) {
   if (!item) throw CTovikInvalidParamException(u"An item of a collection may not be NULL");
+  auto node = std::make_unique<CNode>(CNode{item});
   FireOnCollectionAdd(item);
   CNode* next = findNext();
-  Link(new CNode{item}, next);
+  Link(node.release(), next);
   FireOnCollectionAddComplete(item);
   FireOnCollectionChange();
+}
+
+bool CXmlCollection::HasNode(const CNode* node, const CXmlObjectBase* item) const {
+  const CNode* known = m_first;
+  while (known && known != node) known = known->next;
+  return known && known->item.Get() == item;
 }
 
 void CXmlCollection::Link(CNode* node, CNode* next) {
@@ -113,6 +125,7 @@ void CXmlCollection::Unlink(CNode* node) {
   (node->previous ? node->previous->next : m_first) = node->next;
   (node->next ? node->next->previous : m_last) = node->previous;
   --m_count;
+  ++m_removals;
 }
 
 }  // namespace TovikXmlLib16

@@ -63,7 +63,8 @@ class CTovikIterator {
 /// A linked list of objects, each held by a reference. A generated class derives its collections
 /// from it and gives them `ToXml_Int`, `FromXml_Int` and typed operations built on the protected
 /// ones here. Removals report the index -1 to listeners. A null item is refused with
-/// `CTovikInvalidParamException`.
+/// `CTovikInvalidParamException`. An item that is being added is held from the start: one that
+/// nobody else holds is freed if the adding fails.
 class TOVIKXML_EXPORT CXmlCollection : public CXmlCollectionBase {
  public:
   CXmlCollection(const CXmlCollection&) = delete;
@@ -98,17 +99,20 @@ class TOVIKXML_EXPORT CXmlCollection : public CXmlCollectionBase {
   CNode* GetNodeAtIndex(int index) const;
   /// Throws `CTovikInvalidParamException` "The object was not found in the collection".
   CNode* GetNodeForItem(const CXmlObjectBase* item) const;
+  /// Changes nothing if a listener has removed the node when it heard of it.
   void RemoveNode(CNode* node);
 
  private:
   template <class FindNext>
   void AddInFrontOf(FindNext findNext, CXmlObjectBase* item);
+  bool HasNode(const CNode* node, const CXmlObjectBase* item) const;
   void Link(CNode* node, CNode* next);
   void Unlink(CNode* node);
 
   CNode* m_first = nullptr;
   CNode* m_last = nullptr;
   std::int32_t m_count = 0;
+  std::uint32_t m_removals = 0;
 };
 
 }  // namespace TovikXmlLib16

@@ -8,16 +8,6 @@
 #include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
-namespace {
-
-// Listeners may come and go while they are being told.
-template <class Fire>
-void ForEach(const std::vector<IEventSink*>& listeners, Fire fire) {
-  for (std::size_t i = 0; i < listeners.size(); ++i) fire(listeners[i]);
-}
-
-}  // namespace
-
 CXmlCollectionBase::CXmlCollectionBase(const wchar* elementName, const wchar* namespaceUri,
                                        int minOccurs, int maxOccurs)
     : m_namespace(ViewOf(namespaceUri)), m_minOccurs(minOccurs), m_maxOccurs(maxOccurs) {
@@ -62,36 +52,59 @@ void CXmlCollectionBase::ValidateCount(const CSerializationContext& context) con
       WString());
 }
 
+void CXmlCollectionBase::Listeners::Remove(IEventSink* listener) {
+  std::replace(m_sinks.begin(), m_sinks.end(), listener, static_cast<IEventSink*>(nullptr));
+  if (m_telling == 0) DropGone();
+}
+
+template <class Fire>
+void CXmlCollectionBase::Listeners::Tell(Fire fire) {
+  struct Ending {
+    Listeners& listeners;
+    ~Ending() {
+      if (--listeners.m_telling == 0) listeners.DropGone();
+    }
+  };
+  if (m_sinks.empty()) return;
+  ++m_telling;
+  const Ending ending{*this};
+  for (std::size_t i = 0; i < m_sinks.size(); ++i) {
+    if (m_sinks[i]) fire(m_sinks[i]);
+  }
+}
+
+void CXmlCollectionBase::Listeners::DropGone() {
+  m_sinks.erase(std::remove(m_sinks.begin(), m_sinks.end(), nullptr), m_sinks.end());
+}
+
 void CXmlCollectionBase::AddEventListener(IEventSink* listener) {
   if (!listener) throw CTovikInvalidParamException(u"An event listener may not be NULL");
-  m_listeners.push_back(listener);
+  m_listeners.Add(listener);
 }
 
 void CXmlCollectionBase::RemoveEventListener(IEventSink* listener) {
-  m_listeners.erase(std::remove(m_listeners.begin(), m_listeners.end(), listener),
-                    m_listeners.end());
+  m_listeners.Remove(listener);
 }
 
 void CXmlCollectionBase::FireOnCollectionChange() {
-  ForEach(m_listeners, [&](IEventSink* sink) { FireOnCollectionChangeEvent(sink, this); });
+  m_listeners.Tell([&](IEventSink* sink) { FireOnCollectionChangeEvent(sink, this); });
 }
 
 void CXmlCollectionBase::FireOnCollectionAdd(void* item) {
-  ForEach(m_listeners, [&](IEventSink* sink) { FireOnCollectionAddEvent(sink, this, item); });
+  m_listeners.Tell([&](IEventSink* sink) { FireOnCollectionAddEvent(sink, this, item); });
 }
 
 void CXmlCollectionBase::FireOnCollectionAddComplete(void* item) {
-  ForEach(m_listeners,
-          [&](IEventSink* sink) { FireOnCollectionAddCompleteEvent(sink, this, item); });
+  m_listeners.Tell([&](IEventSink* sink) { FireOnCollectionAddCompleteEvent(sink, this, item); });
 }
 
 void CXmlCollectionBase::FireOnCollectionRemove(int index) {
-  ForEach(m_listeners, [&](IEventSink* sink) { FireOnCollectionRemoveEvent(sink, this, index); });
+  m_listeners.Tell([&](IEventSink* sink) { FireOnCollectionRemoveEvent(sink, this, index); });
 }
 
 void CXmlCollectionBase::FireOnCollectionRemoveComplete(int index) {
-  ForEach(m_listeners,
-          [&](IEventSink* sink) { FireOnCollectionRemoveCompleteEvent(sink, this, index); });
+  m_listeners.Tell(
+      [&](IEventSink* sink) { FireOnCollectionRemoveCompleteEvent(sink, this, index); });
 }
 
 }  // namespace TovikXmlLib16

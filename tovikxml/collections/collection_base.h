@@ -30,7 +30,8 @@ class TOVIKXML_EXPORT CXmlCollectionBase : public CXmlObjectBase {
   /// -1 means unbounded.
   int GetMaxOccurs() const { return m_maxOccurs; }
 
-  /// A listener added twice hears everything twice.
+  /// A listener added twice hears everything twice. Listeners may come and go while they are being
+  /// told: who comes hears of the present event too, who has gone hears nothing more.
   void AddEventListener(IEventSink* listener);
   /// Ends every subscription of the listener.
   void RemoveEventListener(IEventSink* listener);
@@ -53,10 +54,29 @@ class TOVIKXML_EXPORT CXmlCollectionBase : public CXmlObjectBase {
 
  private:
   enum class CountState { kValid, kAboveMaximum, kBelowMinimum };
+
+  // Those who listen to one collection; a copy of the collection has none.
+  class Listeners {
+   public:
+    Listeners() = default;
+    Listeners(const Listeners& /*other*/) {}
+    Listeners& operator=(const Listeners& /*other*/) { return *this; }
+    void Add(IEventSink* listener) { m_sinks.push_back(listener); }
+    void Remove(IEventSink* listener);
+    template <class Fire>
+    void Tell(Fire fire);
+
+   private:
+    void DropGone();
+
+    std::vector<IEventSink*> m_sinks;  // null where one has gone while being told
+    int m_telling = 0;
+  };
+
   CountState CheckCount(const CSerializationContext& context) const;
 
   WString m_namespace;
-  std::vector<IEventSink*> m_listeners;
+  Listeners m_listeners;
   std::int32_t m_minOccurs = 0;
   std::int32_t m_maxOccurs = -1;
 };

@@ -33,11 +33,6 @@ void RequireText(const wchar* text, const wchar* message) {
   if (!text) throw CTovikInvalidNamespaceException(message, WString());
 }
 
-// For the walks that are given no context.
-int DefaultMaxNesting() {
-  return CSerializationContext::GetDefaultContext().GetMaxNesting();
-}
-
 }  // namespace
 
 CElement::CElement(const wchar* name) : CInstanceMonitor(u"CElement") {
@@ -129,24 +124,34 @@ WString CElement::GetTargetNamespace() const {
 }
 
 CSmartPtr<CElement> CElement::Clone() const {
-  const NestingGuard guard(DefaultMaxNesting());
+  return Clone(CSerializationContext::GetDefaultContext());
+}
+
+CSmartPtr<CElement> CElement::Clone(const CSerializationContext& context) const {
+  const NestingGuard guard(context.GetMaxNesting());
   CSmartPtr<CElement> copy(new CElement(m_name.c_str(), m_namespace.c_str(), m_restriction.c_str(),
                                         m_targetNamespace.c_str()));
   copy->m_attributes = m_attributes->Clone();
-  copy->m_childElements = m_childElements->Clone();
+  copy->m_childElements = m_childElements->Clone(context);
   copy->m_text = m_text;
   return copy;
 }
 
 void CElement::SetNamespaceRestrictions(const wchar* restriction, const wchar* targetNamespace) {
-  const NestingGuard guard(DefaultMaxNesting());
+  SetNamespaceRestrictions(restriction, targetNamespace,
+                           CSerializationContext::GetDefaultContext());
+}
+
+void CElement::SetNamespaceRestrictions(const wchar* restriction, const wchar* targetNamespace,
+                                        const CSerializationContext& context) {
+  const NestingGuard guard(context.GetMaxNesting());
   try {
     TestNamespace(m_namespace.c_str(), restriction, targetNamespace);
     for (const CAttribute* attribute : *m_attributes) {
       TestNamespace(attribute->GetNamespace().c_str(), restriction, targetNamespace);
     }
     for (CElement* child : *m_childElements) {
-      child->SetNamespaceRestrictions(restriction, targetNamespace);
+      child->SetNamespaceRestrictions(restriction, targetNamespace, context);
     }
   } catch (const CTovikException& e) {
     throw CTovikInvalidNamespaceException(
@@ -157,7 +162,7 @@ void CElement::SetNamespaceRestrictions(const wchar* restriction, const wchar* t
 }
 
 void CElement::CopyXmlElement(CXmlElement* source) {
-  const NestingGuard guard(DefaultMaxNesting());
+  const NestingGuard guard(CSerializationContext::GetDefaultContext().GetMaxNesting());
   m_name = source->GetLocalName();
   m_namespace = source->GetNamespaceURI();
   m_text = source->GetTextView();

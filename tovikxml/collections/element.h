@@ -61,14 +61,19 @@ class TOVIKXML_EXPORT CElement : public CXmlObjectBase, public CInstanceMonitor 
   /// Never null; as for attributes.
   CSmartPtr<CElementCol> GetChildElements() const;
 
-  /// A deep copy, without the default namespace.
+  /// A deep copy, without the default namespace. It nests no deeper than the context allows, which
+  /// is the default one where none is given.
   CSmartPtr<CElement> Clone() const;
+  CSmartPtr<CElement> Clone(const CSerializationContext& context) const;
   /// Tests the namespaces of the element, its attributes and everything below against a wildcard,
   /// and stores nothing. Throws `CTovikInvalidNamespaceException` "The namespace %s in the class
   /// %s is invalid against restriction %s", one inside the other down to the place.
   void SetNamespaceRestrictions(const wchar* restriction, const wchar* targetNamespace);
+  void SetNamespaceRestrictions(const wchar* restriction, const wchar* targetNamespace,
+                                const CSerializationContext& context);
   /// Reads the root of a document. A root whose namespace is not allowed changes nothing.
   void FromXml(const wchar* text);
+  using CXmlObjectBase::FromXml;
 
  protected:
   ~CElement() override;
@@ -86,8 +91,7 @@ class TOVIKXML_EXPORT CElement : public CXmlObjectBase, public CInstanceMonitor 
   /// is not allowed. `parent` is not used.
   CXmlElement* FromXml_Int(CXmlElement* parent, CXmlElement* current,
                            const CSerializationContext& context, bool isOptionalChoice) override;
-  // The bridges to other objects, and the entry points that this class does not offer anew.
-  using CXmlObjectBase::FromXml;
+  // The bridges to other objects.
   using CXmlObjectBase::FromXml_Int;
   using CXmlObjectBase::ToXml_Int;
 

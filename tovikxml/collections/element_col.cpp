@@ -6,6 +6,7 @@
 #include "tovikxml/base/text.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
+#include "tovikxml/settings/serialization_context.h"
 
 namespace TovikXmlLib16 {
 
@@ -60,10 +61,14 @@ CSmartPtr<CElement> CElementCol::Item(int index) const {
 }
 
 CSmartPtr<CElementCol> CElementCol::Clone() const {
+  return Clone(CSerializationContext::GetDefaultContext());
+}
+
+CSmartPtr<CElementCol> CElementCol::Clone(const CSerializationContext& context) const {
   CSmartPtr<CElementCol> copy(new CElementCol(m_namespaceOfNew.c_str(), m_restriction.c_str(),
                                               m_targetNamespace.c_str(), GetMinOccurs(),
                                               GetMaxOccurs()));
-  for (const CElement* element : *this) copy->Add(element->Clone());
+  for (const CElement* element : *this) copy->Add(element->Clone(context));
   return copy;
 }
 

@@ -41,6 +41,7 @@ class TOVIKXML_EXPORT CElementCol : public CXmlCollection, public CInstanceMonit
   CTovikIterator<CElement> end() const { return CTovikIterator<CElement>(); }
   /// A deep copy.
   CSmartPtr<CElementCol> Clone() const;
+  CSmartPtr<CElementCol> Clone(const CSerializationContext& context) const;
 
  protected:
   ~CElementCol() override;
