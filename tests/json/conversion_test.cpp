@@ -64,8 +64,10 @@ TEST(JsonConversion, LoadsBytesFilesAndText) {
       EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJsonFile((directory / u"j").c_str())), xml);
     }
   }
-  EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJson(json.c_str())), xml);
-  EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJson(Wide(json).c_str())), xml);
+  for (const std::string mark : {"", "\uFEFF"}) {
+    EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJson((mark + json).c_str())), xml);
+    EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJson(Wide(mark + json).c_str())), xml);
+  }
   MakeFile(directory.Path() / "empty", "");
   EXPECT_EQ(FromBytes(CXmlDocument(context).LoadJsonFile((directory / u"empty").c_str())),
             "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");

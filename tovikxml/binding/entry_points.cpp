@@ -22,21 +22,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-struct XmlLayout {
-  bool includeHeader;
-  bool formatted;
-  EOLType eol;
-};
-
-void OpenWriter(CXmlTextWriter& writer, const XmlLayout& layout,
-                const CSerializationContext& context) {
-  writer.Open();
-  writer.SetFormatted(layout.formatted);
-  writer.SetIndentChars(context.GetIndentChars());
-  writer.SetEOLType(layout.eol);
-  if (layout.includeHeader) writer.WriteXmlDeclaration();
-}
-
 // Zlib has no file format, so that it is refused before anything else is looked at.
 void RefuseZlibFile(CompressionType compression) {
   if (compression == Compression_ZLib) {
@@ -51,20 +36,26 @@ void SaveToFile(const wchar* fileName, XmlEncoding encoding, CompressionType com
       .SaveToFile();
 }
 
-// What `object` writes as the root, on a writer over `stream`.
-template <class Walk>
-void WriteXml(CTextStream& stream, const XmlLayout& layout, const CSerializationContext& context,
-              Walk walk) {
+}  // namespace
+
+void CXmlObjectBase::WriteRoot(CXmlWriter& writer, const CSerializationContext& context) const {
+  ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+}
+
+void CXmlObjectBase::WriteXml(CTextStream& stream, bool includeHeader, bool formatted, EOLType eol,
+                              const CSerializationContext& context) const {
   CXmlTextWriter writer(&stream);
-  OpenWriter(writer, layout, context);
-  walk(&writer);
+  writer.Open();
+  writer.SetFormatted(formatted);
+  writer.SetIndentChars(context.GetIndentChars());
+  writer.SetEOLType(eol);
+  if (includeHeader) writer.WriteXmlDeclaration();
+  WriteRoot(writer, context);
   writer.Close();
 }
 
-// The same in JSON.
-template <class Walk>
-void WriteJson(CTextStream& stream, bool formatted, EOLType eol,
-               const CSerializationContext& context, Walk walk) {
+void CXmlObjectBase::WriteJson(CTextStream& stream, bool formatted, EOLType eol,
+                               const CSerializationContext& context) const {
   CJsonTextWriter writer(&stream);
   writer.Open();
   writer.SetFormatted(formatted);
@@ -72,20 +63,16 @@ void WriteJson(CTextStream& stream, bool formatted, EOLType eol,
   writer.SetEOLType(eol);
   writer.SetRoundTrip(context.GetJsonContext().GetSupportRoundtrip());
   writer.WriteStartDocument();
-  walk(&writer);
+  WriteRoot(writer, context);
   writer.WriteEndDocument();
   writer.Close();
 }
-
-}  // namespace
 
 WString CXmlObjectBase::ToXml(bool includeHeader, bool formatted, EOLType eol,
                               const CSerializationContext& context) const {
   RequireGeneratorVersion();
   CTextStream stream;
-  WriteXml(stream, {includeHeader, formatted, eol}, context, [&](CXmlWriter* writer) {
-    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
-  });
+  WriteXml(stream, includeHeader, formatted, eol, context);
   WString text;
   stream.GetBuffer().AppendTo(text);
   return text;
@@ -96,9 +83,7 @@ CBinaryData CXmlObjectBase::ToXmlStream(bool includeHeader, bool formatted, XmlE
                                         CompressionType compression) const {
   RequireGeneratorVersion();
   CTextStream stream(encoding);
-  WriteXml(stream, {includeHeader, formatted, eol}, context, [&](CXmlWriter* writer) {
-    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
-  });
+  WriteXml(stream, includeHeader, formatted, eol, context);
   CBinaryData bytes = stream.GetCheckedBytes();
   if (compression != Compression_None) CompressBinaryData(bytes, compression);
   return bytes;
@@ -116,9 +101,7 @@ void CXmlObjectBase::ToXmlFile(const wchar* fileName, bool includeHeader, bool f
   }
   RequireGeneratorVersion();
   CFileTextStream stream(fileName, encoding);
-  WriteXml(stream, {includeHeader, formatted, eol}, context, [&](CXmlWriter* writer) {
-    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
-  });
+  WriteXml(stream, includeHeader, formatted, eol, context);
 }
 
 void CXmlObjectBase::ToFastInfosetFile(const wchar* fileName, FInfoDecl declaration,
@@ -137,7 +120,7 @@ CBinaryData CXmlObjectBase::ToFastInfosetStream(FInfoDecl declaration,
   CFastInfosetWriter writer(context.GetFIContext(), &stream);
   writer.Open();
   writer.WriteStartDocument(declaration);
-  ToXml_Int(&writer, true, GetTargetNamespace().c_str(), context, false);
+  WriteRoot(writer, context);
   writer.WriteEndDocument();
   writer.Close();
   CBinaryData bytes = stream.GetData();
@@ -157,18 +140,14 @@ void CXmlObjectBase::ToJsonFile(const wchar* fileName, bool formatted, XmlEncodi
   }
   RequireGeneratorVersion();
   CFileTextStream stream(fileName, encoding);
-  WriteJson(stream, formatted, eol, context, [&](CXmlWriter* writer) {
-    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
-  });
+  WriteJson(stream, formatted, eol, context);
 }
 
 WString CXmlObjectBase::ToJson(bool formatted, EOLType eol,
                                const CSerializationContext& context) const {
   RequireGeneratorVersion();
   CTextStream stream;
-  WriteJson(stream, formatted, eol, context, [&](CXmlWriter* writer) {
-    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
-  });
+  WriteJson(stream, formatted, eol, context);
   WString text;
   stream.GetBuffer().AppendTo(text);
   return text;
@@ -179,44 +158,37 @@ CBinaryData CXmlObjectBase::ToJsonStream(bool formatted, XmlEncoding encoding, E
                                          CompressionType compression) const {
   RequireGeneratorVersion();
   CTextStream stream(encoding);
-  WriteJson(stream, formatted, eol, context, [&](CXmlWriter* writer) {
-    ToXml_Int(writer, true, GetTargetNamespace().c_str(), context, false);
-  });
+  WriteJson(stream, formatted, eol, context);
   CBinaryData bytes = stream.GetCheckedBytes();
   if (compression != Compression_None) CompressBinaryData(bytes, compression);
   return bytes;
 }
 
-namespace {
-
-// Loads a document, which lives for the call, and gives its root.
-template <class Load>
-CXmlElement& LoadRoot(CXmlDocument& document, Load load) {
-  RequireGeneratorVersion();
-  load(document);
+void CXmlObjectBase::ReadRoot(const CXmlDocument& document, const CSerializationContext& context) {
   CXmlElement* root = document.GetDocumentElement();
   if (!root) throw CTovikException(u"Invalid or empty XML document");
-  return *root;
+  FromXml_Int(root, root->GetFirstElement(), context, false);
 }
 
-}  // namespace
-
 void CXmlObjectBase::FromXmlFile(const wchar* fileName, const CSerializationContext& context) {
+  RequireGeneratorVersion();
   CXmlDocument document(context);
-  CXmlElement& root = LoadRoot(document, [&](CXmlDocument& target) { target.Load(fileName); });
-  FromXml_Int(&root, root.GetFirstElement(), context, false);
+  document.Load(fileName);
+  ReadRoot(document, context);
 }
 
 void CXmlObjectBase::FromXml(const wchar* text, const CSerializationContext& context) {
+  RequireGeneratorVersion();
   CXmlDocument document(context);
-  CXmlElement& root = LoadRoot(document, [&](CXmlDocument& target) { target.LoadXml(text); });
-  FromXml_Int(&root, root.GetFirstElement(), context, false);
+  document.LoadXml(text);
+  ReadRoot(document, context);
 }
 
 void CXmlObjectBase::FromXml(const char* text, const CSerializationContext& context) {
+  RequireGeneratorVersion();
   CXmlDocument document(context);
-  CXmlElement& root = LoadRoot(document, [&](CXmlDocument& target) { target.LoadXml(text); });
-  FromXml_Int(&root, root.GetFirstElement(), context, false);
+  document.LoadXml(text);
+  ReadRoot(document, context);
 }
 
 void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerializationContext& context) {
@@ -225,10 +197,10 @@ void CXmlObjectBase::FromXmlStream(const CBinaryData& data, const CSerialization
 
 void CXmlObjectBase::FromXmlStream(unsigned char* data, unsigned long length,
                                    const CSerializationContext& context) {
+  RequireGeneratorVersion();
   CXmlDocument document(context);
-  CXmlElement& root =
-      LoadRoot(document, [&](CXmlDocument& target) { target.LoadXmlStream(data, length); });
-  FromXml_Int(&root, root.GetFirstElement(), context, false);
+  document.LoadXmlStream(data, length);
+  ReadRoot(document, context);
 }
 
 void CXmlObjectBase::FromXmlElement(const CElement* element, const CSerializationContext& context) {

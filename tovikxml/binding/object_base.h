@@ -19,7 +19,9 @@ namespace TovikXmlLib16 {
 class CBinaryData;
 class CElement;
 class CSerializationContext;
+class CTextStream;
 class CXmlCollectionBase;
+class CXmlDocument;
 class CXmlElement;
 class CXmlObjectBase;
 class CXmlWriter;
@@ -211,6 +213,14 @@ class TOVIKXML_EXPORT CXmlObjectBase : public IEventSink {
   friend class CXmlGeneratedClass;
   friend class TovikXmlLib16Data::CAttributeInfo;
   friend class TovikXmlLib16Data::CElementInfo;
+
+  // What the entry points have in common.
+  void WriteRoot(CXmlWriter& writer, const CSerializationContext& context) const;
+  void WriteXml(CTextStream& stream, bool includeHeader, bool formatted, EOLType eol,
+                const CSerializationContext& context) const;
+  void WriteJson(CTextStream& stream, bool formatted, EOLType eol,
+                 const CSerializationContext& context) const;
+  void ReadRoot(const CXmlDocument& document, const CSerializationContext& context);
 
   WString m_elementName;
   std::atomic<std::int32_t> m_references{0};

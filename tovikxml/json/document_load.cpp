@@ -79,13 +79,13 @@ CBinaryData CXmlDocument::LoadJsonStream(const unsigned char* data, unsigned lon
 CBinaryData CXmlDocument::LoadJson(const char* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"JSON String is empty!");
-  return ConvertJsonToXml(DecodeJson(text), *m_context);
+  return ConvertJsonToXml(DecodeJson(WithoutMark(text)), *m_context);
 }
 
 CBinaryData CXmlDocument::LoadJson(const wchar* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"JSON String is empty!");
-  return ConvertJsonToXml(text, *m_context);
+  return ConvertJsonToXml(*text == 0xFEFF ? text + 1 : text, *m_context);
 }
 
 CBinaryData CXmlDocument::ParseJson(ByteArray input) {
