@@ -20,7 +20,7 @@ TEST(Utf8, ConvertsBothWaysAtEveryLengthAndOffset) {
                                "\xf0\x90\x80\x80",
                                "\xf4\x8f\xbf\xbf"};
   for (std::size_t i = 0; i < std::size(points); ++i) {
-    for (std::size_t before = 0; before < 10; ++before) {
+    for (std::size_t before = 0; before < 70; ++before) {
       const WString text = WString(before, u'x') + points[i] + u"tail of ascii";
       const std::string utf8 = std::string(before, 'x') + bytes[i] + "tail of ascii";
       EXPECT_EQ(EncodeUtf8(text), utf8) << "row " << i << " behind " << before;

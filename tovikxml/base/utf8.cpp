@@ -1,5 +1,10 @@
 #include "tovikxml/base/utf8.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
+#include <bit>
 #include <cstdint>
 #include <utility>
 
@@ -11,101 +16,85 @@
 namespace TovikXmlLib16 {
 namespace {
 
-// ASCII is passed in blocks of a fixed size, large enough that compilers turn the loops over them
-// into vector instructions rather than unroll them.
-constexpr std::size_t kBlock = 32;
-constexpr std::size_t kSmallBlock = 4;
-constexpr std::uint64_t kNonAsciiBytes = 0x8080808080808080u;
 constexpr wchar kReplacement = 0xFFFD;
 
-bool IsAsciiBlock(const wchar* units) {
-  wchar all = 0;
-  for (std::size_t i = 0; i < kBlock; ++i) all = static_cast<wchar>(all | units[i]);
-  return all < 0x80;
+bool IsPair(const wchar* at, const wchar* end) {
+  return IsHighSurrogate(*at) && end - at > 1 && IsLowSurrogate(at[1]);
 }
 
-bool IsSmallAsciiBlock(const wchar* units) {
-  std::uint64_t word;
-  static_assert(sizeof word == kSmallBlock * sizeof(wchar));
-  std::memcpy(&word, units, sizeof word);
-  return (word & 0xFF80FF80FF80FF80u) == 0;
-}
-
-// Size of the block of ASCII at `at`, 0 if there is none of either size.
-std::size_t AsciiBlock(WStringView text, std::size_t at) {
-  if (at + kBlock <= text.size() && IsAsciiBlock(text.data() + at)) return kBlock;
-  if (at + kSmallBlock <= text.size() && IsSmallAsciiBlock(text.data() + at)) {
-    return kSmallBlock;
+// Copies the ASCII at the start of a text and gives its length. What is written behind it, within
+// the length of the text, has no meaning.
+std::size_t CopyAscii(const wchar* at, std::size_t size, unsigned char* out) {
+  std::size_t i = 0;
+#ifdef __SSE2__
+  for (; i + 8 <= size; i += 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + i));
+    const __m128i upper = _mm_and_si128(units, _mm_set1_epi16(static_cast<short>(0xFF80)));
+    const int ascii = _mm_movemask_epi8(_mm_cmpeq_epi16(upper, _mm_setzero_si128()));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(out + i), _mm_packus_epi16(units, units));
+    if (ascii != 0xFFFF) {
+      return i + static_cast<std::size_t>(std::countr_one(static_cast<unsigned>(ascii))) / 2;
+    }
   }
-  return 0;
-}
-
-template <std::size_t size>
-unsigned char* CopyAscii(const wchar* units, unsigned char* out) {
-  for (std::size_t i = 0; i < size; ++i) out[i] = static_cast<unsigned char>(units[i]);
-  return out + size;
-}
-
-bool IsPair(WStringView text, std::size_t at) {
-  return IsHighSurrogate(text[at]) && at + 1 < text.size() && IsLowSurrogate(text[at + 1]);
-}
-
-// Length of the well-formed sequence at `at` by the table of RFC 3629, section 4; 0 if it is bad.
-std::size_t SequenceLength(std::string_view bytes, std::size_t at) {
-  const auto byte = [&](std::size_t i) -> unsigned {
-    return at + i < bytes.size() ? static_cast<unsigned char>(bytes[at + i]) : 0u;
-  };
-  const auto continues = [&](std::size_t i) { return (byte(i) & 0xC0) == 0x80; };
-  const unsigned lead = byte(0);
-  if (lead < 0x80) return 1;
-  if (lead < 0xC2 || lead > 0xF4 || !continues(1)) return 0;
-  if (lead < 0xE0) return 2;
-  if (lead == 0xE0 && byte(1) < 0xA0) return 0;
-  if (lead == 0xED && byte(1) > 0x9F) return 0;
-  if (!continues(2)) return 0;
-  if (lead < 0xF0) return 3;
-  if (lead == 0xF0 && byte(1) < 0x90) return 0;
-  if (lead == 0xF4 && byte(1) > 0x8F) return 0;
-  return continues(3) ? 4 : 0;
-}
-
-void AppendSequence(WString& out, std::string_view sequence) {
-  const auto bits = [&](std::size_t i) { return static_cast<char32_t>(sequence[i]) & 0x3F; };
-  const auto lead = static_cast<unsigned char>(sequence[0]);
-  char32_t point = lead;
-  if (sequence.size() == 2) point = ((lead & 0x1Fu) << 6) | bits(1);
-  if (sequence.size() == 3) point = ((lead & 0x0Fu) << 12) | (bits(1) << 6) | bits(2);
-  if (sequence.size() == 4) {
-    point = ((lead & 0x07u) << 18) | (bits(1) << 12) | (bits(2) << 6) | bits(3);
+#else
+  for (std::uint64_t word; i + 4 <= size; i += 4) {
+    std::memcpy(&word, at + i, sizeof word);
+    if ((word & 0xFF80FF80FF80FF80u) != 0) break;
+    for (std::size_t k = i; k < i + 4; ++k) out[k] = static_cast<unsigned char>(at[k]);
   }
-  if (point < 0x10000) {
-    out.push_back(static_cast<wchar>(point));
-  } else {
-    out.push_back(static_cast<wchar>(0xD800 + ((point - 0x10000) >> 10)));
-    out.push_back(static_cast<wchar>(0xDC00 + ((point - 0x10000) & 0x3FF)));
-  }
+#endif
+  for (; i < size && at[i] < 0x80; ++i) out[i] = static_cast<unsigned char>(at[i]);
+  return i;
 }
 
-unsigned char* WritePoint(char32_t point, unsigned char* out) {
-  const auto tail = [&](int shift) {
-    return static_cast<unsigned char>(0x80 | ((point >> shift) & 0x3F));
-  };
-  if (point < 0x80) {
-    *out++ = static_cast<unsigned char>(point);
-  } else if (point < 0x800) {
-    *out++ = static_cast<unsigned char>(0xC0 | (point >> 6));
-    *out++ = tail(0);
-  } else if (point < 0x10000) {
-    *out++ = static_cast<unsigned char>(0xE0 | (point >> 12));
-    *out++ = tail(6);
-    *out++ = tail(0);
-  } else {
-    *out++ = static_cast<unsigned char>(0xF0 | (point >> 18));
-    *out++ = tail(12);
-    *out++ = tail(6);
-    *out++ = tail(0);
+// The same from bytes.
+std::size_t WidenAscii(const unsigned char* at, std::size_t size, wchar* out) {
+  std::size_t i = 0;
+#ifdef __SSE2__
+  const __m128i zero = _mm_setzero_si128();
+  for (; i + 16 <= size; i += 16) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at + i));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i), _mm_unpacklo_epi8(bytes, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(out + i + 8), _mm_unpackhi_epi8(bytes, zero));
+    const auto foreign = static_cast<unsigned>(_mm_movemask_epi8(bytes));
+    if (foreign != 0) return i + static_cast<std::size_t>(std::countr_zero(foreign));
   }
-  return out;
+#else
+  for (std::uint64_t word; i + 8 <= size; i += 8) {
+    std::memcpy(&word, at + i, sizeof word);
+    if ((word & 0x8080808080808080u) != 0) break;
+    for (std::size_t k = i; k < i + 8; ++k) out[k] = at[k];
+  }
+#endif
+  for (; i < size && at[i] < 0x80; ++i) out[i] = at[i];
+  return i;
+}
+
+constexpr bool IsContinuation(unsigned byte) {
+  return (byte & 0xC0) == 0x80;
+}
+
+// Reads the sequence at `at`, which is no ASCII, by the table of RFC 3629, section 4. Returns its
+// length, 0 if it is bad.
+std::size_t ReadSequence(const unsigned char* at, std::size_t size, char32_t& point) {
+  const unsigned lead = at[0];
+  if (lead < 0xC2 || size < 2 || !IsContinuation(at[1])) return 0;
+  if (lead < 0xE0) {
+    point = (lead & 0x1F) << 6 | (at[1] & 0x3Fu);
+    return 2;
+  }
+  if (size < 3 || !IsContinuation(at[2])) return 0;
+  if (lead < 0xF0) {
+    point = (lead & 0x0F) << 12 | (at[1] & 0x3Fu) << 6 | (at[2] & 0x3Fu);
+    return point < 0x800 || (point & 0xF800) == 0xD800 ? 0 : 3;
+  }
+  if (lead > 0xF4 || size < 4 || !IsContinuation(at[3])) return 0;
+  point = (lead & 0x07) << 18 | (at[1] & 0x3Fu) << 12 | (at[2] & 0x3Fu) << 6 | (at[3] & 0x3Fu);
+  return point < 0x10000 || point > 0x10FFFF ? 0 : 4;
+}
+
+unsigned char Continuation(char32_t bits) {
+  return static_cast<unsigned char>(0x80 | (bits & 0x3F));
 }
 
 // What was decoded in front of the first bad sequence, and the bytes that it took.
@@ -115,78 +104,94 @@ struct Decoded {
 };
 
 Decoded Decode(std::string_view bytes) {
-  WString text;
-  std::size_t i = 0;
-  text.reserve(bytes.size());
-  while (i < bytes.size()) {
-    std::uint64_t word = kNonAsciiBytes;
-    if (i + sizeof word <= bytes.size()) std::memcpy(&word, bytes.data() + i, sizeof word);
-    if ((word & kNonAsciiBytes) == 0) {
-      text.append(bytes.begin() + static_cast<std::ptrdiff_t>(i),
-                  bytes.begin() + static_cast<std::ptrdiff_t>(i + sizeof word));
-      i += sizeof word;
-      continue;
-    }
-    const std::size_t length = SequenceLength(bytes, i);
-    if (length == 0) break;
-    AppendSequence(text, bytes.substr(i, length));
-    i += length;
-  }
-  return {std::move(text), i};
+  WString text(bytes.size(), u'\0');
+  const Utf16Written written = WriteUtf16(bytes, text.data());
+  text.resize(static_cast<std::size_t>(written.end - text.data()));
+  return {std::move(text), written.length};
 }
 
 }  // namespace
 
-std::optional<std::size_t> Utf8Length(WStringView text) {
-  std::size_t length = 0;
+// Three bytes for each unit, less what ASCII, units below 0x800 and surrogates save. Sums of 16
+// bits over blocks let compilers use vectors.
+std::size_t Utf8Length(WStringView text) {
+  constexpr std::size_t kBlock = 64;
+  const auto saving = [](wchar unit) {
+    return static_cast<std::uint16_t>((unit < 0x80) + (unit < 0x800) + ((unit & 0xF800) == 0xD800));
+  };
+  std::size_t length = 3 * text.size();
   std::size_t i = 0;
-  while (i < text.size()) {
-    if (const std::size_t block = AsciiBlock(text, i)) {
-      length += block;
-      i += block;
-      continue;
+  for (; i + kBlock <= text.size(); i += kBlock) {
+    std::uint16_t saved = 0;
+    for (std::size_t k = 0; k < kBlock; ++k) {
+      saved = static_cast<std::uint16_t>(saved + saving(text[i + k]));
     }
-    const wchar unit = text[i];
-    if (unit < 0x80) {
-      length += 1;
-    } else if (unit < 0x800) {
-      length += 2;
-    } else if ((unit & 0xF800) != 0xD800) {
-      length += 3;
-    } else if (IsPair(text, i)) {
-      length += 4;
-      ++i;
-    } else {
-      return std::nullopt;
-    }
-    ++i;
+    length -= saved;
   }
+  for (; i < text.size(); ++i) length -= saving(text[i]);
   return length;
 }
 
 unsigned char* WriteUtf8(WStringView text, unsigned char* out) {
-  std::size_t i = 0;
-  while (i < text.size()) {
-    if (const std::size_t block = AsciiBlock(text, i)) {
-      out = block == kBlock ? CopyAscii<kBlock>(text.data() + i, out)
-                            : CopyAscii<kSmallBlock>(text.data() + i, out);
-      i += block;
-    } else if (IsPair(text, i)) {
-      out = WritePoint(CombineSurrogates(text[i], text[i + 1]), out);
-      i += 2;
+  const wchar* at = text.data();
+  const wchar* const end = at + text.size();
+  while (at != end) {
+    const wchar unit = *at;
+    if (unit < 0x80) {
+      const std::size_t length = CopyAscii(at, static_cast<std::size_t>(end - at), out);
+      at += length;
+      out += length;
+    } else if (unit < 0x800) {
+      *out++ = static_cast<unsigned char>(0xC0 | (unit >> 6));
+      *out++ = Continuation(unit);
+      ++at;
+    } else if ((unit & 0xF800) != 0xD800) {
+      *out++ = static_cast<unsigned char>(0xE0 | (unit >> 12));
+      *out++ = Continuation(unit >> 6);
+      *out++ = Continuation(unit);
+      ++at;
     } else {
-      out = WritePoint(text[i], out);
-      ++i;
+      if (!IsPair(at, end)) return nullptr;
+      const char32_t point = CombineSurrogates(at[0], at[1]);
+      *out++ = static_cast<unsigned char>(0xF0 | (point >> 18));
+      *out++ = Continuation(point >> 12);
+      *out++ = Continuation(point >> 6);
+      *out++ = Continuation(point);
+      at += 2;
     }
   }
   return out;
 }
 
+Utf16Written WriteUtf16(std::string_view bytes, wchar* out) {
+  const auto* const start = reinterpret_cast<const unsigned char*>(bytes.data());
+  const auto* const end = start + bytes.size();
+  const unsigned char* at = start;
+  while (at != end) {
+    const auto left = static_cast<std::size_t>(end - at);
+    if (*at < 0x80) {
+      const std::size_t length = WidenAscii(at, left, out);
+      at += length;
+      out += length;
+      continue;
+    }
+    char32_t point = 0;
+    const std::size_t length = ReadSequence(at, left, point);
+    if (length == 0) break;
+    at += length;
+    if (point < 0x10000) {
+      *out++ = static_cast<wchar>(point);
+    } else {
+      *out++ = static_cast<wchar>(0xD800 + ((point - 0x10000) >> 10));
+      *out++ = static_cast<wchar>(0xDC00 + ((point - 0x10000) & 0x3FF));
+    }
+  }
+  return {out, static_cast<std::size_t>(at - start)};
+}
+
 std::optional<std::string> EncodeUtf8(WStringView text) {
-  const auto length = Utf8Length(text);
-  if (!length) return std::nullopt;
-  std::string bytes(*length, '\0');
-  WriteUtf8(text, reinterpret_cast<unsigned char*>(bytes.data()));
+  std::string bytes(Utf8Length(text), '\0');
+  if (!WriteUtf8(text, reinterpret_cast<unsigned char*>(bytes.data()))) return std::nullopt;
   return bytes;
 }
 
@@ -219,11 +224,12 @@ void RefuseUnpairedSurrogate() {
 
 std::string DisplayUtf8(WStringView text) {
   WString repaired(text);
-  for (std::size_t i = 0; i < repaired.size(); ++i) {
-    if (IsPair(repaired, i)) {
-      ++i;
-    } else if ((repaired[i] & 0xF800) == 0xD800) {
-      repaired[i] = kReplacement;
+  wchar* const end = repaired.data() + repaired.size();
+  for (wchar* at = repaired.data(); at != end; ++at) {
+    if (IsPair(at, end)) {
+      ++at;
+    } else if ((*at & 0xF800) == 0xD800) {
+      *at = kReplacement;
     }
   }
   return EncodeUtf8(repaired).value_or(std::string());

@@ -1,5 +1,6 @@
 #include "tovikxml/document/text_stream.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -46,21 +47,16 @@ void VisitPairsWhole(const Pieces& pieces, Visit visit) {
   if (high != 0) visit(WStringView(&high, 1));
 }
 
-std::optional<std::uint64_t> Utf8LengthOf(const Pieces& pieces) {
-  std::optional<std::uint64_t> total = 0;
-  VisitPairsWhole(pieces, [&](WStringView piece) {
-    const auto length = Utf8Length(piece);
-    if (total) total = length ? std::optional(*total + *length) : std::nullopt;
-  });
-  return total;
-}
-
+// Nothing for text that has no UTF-8 form.
 std::optional<CBinaryData> EncodeUtf8(const Pieces& pieces) {
-  const auto length = Utf8LengthOf(pieces);
-  if (!length) return std::nullopt;
-  ByteArray bytes = NewByteArray(*length);
+  std::uint64_t length = 0;
+  for (const WStringView piece : pieces) length += Utf8Length(piece);
+  ByteArray bytes = NewByteArray(length);
   unsigned char* end = bytes.data.get();
-  VisitPairsWhole(pieces, [&](WStringView piece) { end = WriteUtf8(piece, end); });
+  VisitPairsWhole(pieces, [&](WStringView piece) {
+    if (end) end = WriteUtf8(piece, end);
+  });
+  if (!end) return std::nullopt;
   return ToBinaryData(std::move(bytes));
 }
 
@@ -82,7 +78,6 @@ CBinaryData EncodeUtf16(const Pieces& pieces) {
   return ToBinaryData(std::move(bytes));
 }
 
-// Nothing for text that has no UTF-8 form.
 std::optional<CBinaryData> Encode(const Pieces& pieces, XmlEncoding encoding) {
   switch (encoding) {
     case Encoding_UTF8:

@@ -11,8 +11,8 @@ namespace TovikXmlLib16 {
 
 CBinaryData Utf16ToUtf8(const wchar* text) {
   const WStringView view = ViewOf(text);
-  ByteArray bytes = NewByteArray(Utf8Length(view).value_or(0));
-  if (bytes.length != 0) WriteUtf8(view, bytes.data.get());
+  ByteArray bytes = NewByteArray(Utf8Length(view));
+  if (!WriteUtf8(view, bytes.data.get())) return CBinaryData();
   return ToBinaryData(std::move(bytes));
 }
 

@@ -57,16 +57,16 @@ void CFIOctetOutput::PutText(const FILengthCode& code, unsigned bits, WStringVie
     m_used += text.size();
     return;
   }
-  const auto length = Utf8Length(text);
-  if (!length) RefuseUnpairedSurrogate();
-  PutLength(code, bits, *length);
-  if (*length > m_buffer.size() - m_used) Flush();
-  if (*length <= m_buffer.size()) {
-    m_used = static_cast<std::size_t>(WriteUtf8(text, m_buffer.data() + m_used) - m_buffer.data());
-  } else {
-    const auto octets = EncodeUtf8(text);
-    PutOctets(octets->data(), octets->size());
+  const std::size_t length = Utf8Length(text);
+  PutLength(code, bits, length);
+  if (length > m_buffer.size() - m_used) Flush();
+  if (length > m_buffer.size()) {
+    const std::string octets = ToUtf8(text);
+    return PutOctets(octets.data(), octets.size());
   }
+  const unsigned char* const end = WriteUtf8(text, m_buffer.data() + m_used);
+  if (!end) RefuseUnpairedSurrogate();
+  m_used = static_cast<std::size_t>(end - m_buffer.data());
 }
 
 void CFIOctetOutput::Flush() {
