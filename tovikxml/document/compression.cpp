@@ -77,6 +77,15 @@ class InflateStream {
   int m_initCode;
 };
 
+// What zlib asks of the first two bytes, so that nothing has to be made ready for plain documents:
+// the magic number of gzip (RFC 1952, 2.3.1), or the method, window and check of zlib (RFC 1950,
+// 2.2).
+bool MayBeCompressed(const unsigned char* data, std::uint32_t length) {
+  if (length < 2) return false;
+  if (data[0] == 0x1F && data[1] == 0x8B) return true;
+  return (data[0] & 0x0F) == Z_DEFLATED && data[0] >> 4 <= 7 && (data[0] << 8 | data[1]) % 31 == 0;
+}
+
 bool IsCompression(CompressionType type) {
   return type == Compression_GZip || type == Compression_ZLib;
 }
@@ -119,6 +128,7 @@ DecompressionLimits DecompressionLimitsOf(const CSerializationContext& context) 
 
 std::optional<CBinaryData> TryDecompress(const unsigned char* data, std::uint32_t length,
                                          const DecompressionLimits& limits) {
+  if (!MayBeCompressed(data, length)) return std::nullopt;
   ByteArray work = NewByteArray(kWorkSize);
   InflateStream stream(data, length);
   CBinaryData output;
