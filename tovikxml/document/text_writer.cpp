@@ -1,5 +1,9 @@
 #include "tovikxml/document/text_writer.h"
 
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
+
 #include <cstdint>
 
 #include "tovikxml/base/exception.h"
@@ -22,10 +26,34 @@ constexpr std::uint64_t kElementSpecials =
     Bit(0) | Bit(u'\n') | Bit(u'\r') | Bit(u'&') | Bit(u'<') | Bit(u'>');
 constexpr std::uint64_t kAttributeSpecials = kElementSpecials | Bit(u'"');
 
+// Skips blocks without any unit that may be special: those below 16, the quotation mark and its
+// neighbour "&", "<" and its neighbour ">".
+const wchar* SkipPlainBlocks(const wchar* at, const wchar* end) {
+#ifdef __SSE2__
+  const auto equals = [](__m128i units, short mask, short value) {
+    return _mm_cmpeq_epi16(_mm_and_si128(units, _mm_set1_epi16(mask)), _mm_set1_epi16(value));
+  };
+  for (; end - at >= 8; at += 8) {
+    const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    const __m128i hits = _mm_or_si128(equals(units, ~15, 0),
+                                      _mm_or_si128(equals(units, ~(u'"' ^ u'&'), u'"' & u'&'),
+                                                   equals(units, ~(u'<' ^ u'>'), u'<' & u'>')));
+    if (_mm_movemask_epi8(hits) != 0) break;
+  }
+#else
+  static_cast<void>(end);
+#endif
+  return at;
+}
+
 std::size_t PlainRun(const wchar* at, const wchar* end, std::uint64_t specials) {
   const wchar* const start = at;
-  while (at != end && (*at >= 64 || !(specials >> *at & 1))) ++at;
-  return static_cast<std::size_t>(at - start);
+  while (true) {
+    at = SkipPlainBlocks(at, end);
+    const wchar* const stop = end - at > 8 ? at + 8 : end;
+    while (at != stop && (*at >= 64 || !(specials >> *at & 1))) ++at;
+    if (at != stop || at == end) return static_cast<std::size_t>(at - start);
+  }
 }
 
 bool BeginsWith(WStringView text, WStringView prefix) {

@@ -103,7 +103,7 @@ CXmlWriter::CXmlWriterContext* CXmlWriter::PushContext(const WString& localName,
 void CXmlWriter::PopContext() {
   auto context = std::move(m_current);
   m_current = std::move(context->m_parent);
-  m_scopes.Restore(context->m_outerAliases);
+  if (m_scopes.GetMark() != context->m_outerAliases) m_scopes.Restore(context->m_outerAliases);
   context->m_parent = std::move(m_spare);
   m_spare = std::move(context);
 }
