@@ -10,8 +10,7 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr std::size_t kShortWords = 4;  // of 32 bits, two units each
-constexpr std::size_t kShortUnits = 2 * kShortWords;
+constexpr std::size_t kShortWords = 4;  // of 32 bits
 
 struct HashKey {
   std::uint64_t sip[2];
@@ -96,27 +95,27 @@ class SipState {
   std::uint64_t m_d;
 };
 
-std::uint64_t HashLong(WStringView text) {
+std::uint64_t HashLong(std::string_view bytes) {
   SipState state(Key());
-  const wchar* at = text.data();
-  std::size_t left = text.size() * sizeof(wchar);
-  for (std::uint64_t word; left >= sizeof word; left -= sizeof word, at += 4) {
+  const char* at = bytes.data();
+  std::size_t left = bytes.size();
+  for (std::uint64_t word; left >= sizeof word; left -= sizeof word, at += sizeof word) {
     std::memcpy(&word, at, sizeof word);
     state.Take(word);
   }
   std::uint64_t rest = 0;
   if (left != 0) std::memcpy(&rest, at, left);
-  state.Take(rest | static_cast<std::uint64_t>(text.size() * sizeof(wchar)) << 56);
+  state.Take(rest | static_cast<std::uint64_t>(bytes.size()) << 56);
   return state.Finish();
 }
 
 }  // namespace
 
-std::uint64_t HashText(WStringView text) {
-  if (text.size() > kShortUnits) return HashLong(text);
+std::uint64_t HashBytes(std::string_view bytes) {
   std::uint32_t words[kShortWords] = {};
-  if (!text.empty()) std::memcpy(words, text.data(), text.size() * sizeof(wchar));
-  return HashWords(words, text.size());
+  if (bytes.size() > sizeof words) return HashLong(bytes);
+  if (!bytes.empty()) std::memcpy(words, bytes.data(), bytes.size());
+  return HashWords(words, bytes.size());
 }
 
 std::uint64_t HashNumber(std::uint64_t number) {

@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <string_view>
 #include <vector>
 
 #include "tovikxml/base/export.h"
@@ -189,6 +190,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   friend class CFastInfosetReader;
   friend class CXmlElement;
   friend class CXmlAttribute;
+  friend class CXmlScanner;
 
   // An element between its start and its end tag, and the sibling in front of it.
   struct OpenElement {
@@ -219,6 +221,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   void ParseExpanded(const unsigned char* data, std::size_t length);
   bool ParseFastInfoset(const unsigned char* data, std::uint32_t length);
   void ParseText(const unsigned char* data, std::size_t length);
+  bool ScanText(std::string_view text, std::string_view encoding);
   CBinaryData ParseJson(ByteArray input);
   static ByteArray ReadWhole(const wchar* fileName);
   void LoadOverlapped(const wchar* fileName);

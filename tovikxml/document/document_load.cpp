@@ -11,6 +11,8 @@
 #include "tovikxml/document/compression.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/expat_reader.h"
+#include "tovikxml/document/utf16_input.h"
+#include "tovikxml/document/xml_scanner.h"
 #include "tovikxml/fastinfoset/reader.h"
 #include "tovikxml/platform/async_files.h"
 #include "tovikxml/platform/file.h"
@@ -21,6 +23,12 @@ namespace TovikXmlLib16 {
 namespace {
 
 constexpr std::uint32_t kChunkSize = 0x20000;
+
+#ifdef TOVIKXML_NO_SCANNER
+constexpr bool kHasScanner = false;
+#else
+constexpr bool kHasScanner = true;
+#endif
 
 void OpenFile(CInputFile& file, const wchar* fileName) {
   if (const int error = file.Open(fileName)) {
@@ -75,9 +83,11 @@ void CXmlDocument::LoadXml(const char* text) {
 void CXmlDocument::LoadXml(const wchar* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"XML String is empty!");
+  const std::string bytes = CUtf16Input::Convert(text);
+  if (ScanText(bytes, "UTF-16")) return;
   CExpatReader reader(this);
   reader.Create();
-  reader.ParseText(text);
+  reader.ParseText(bytes);
 }
 
 // The bytes are parsed where they are, but for compressed ones, which are recognised by the attempt
@@ -100,7 +110,22 @@ bool CXmlDocument::ParseFastInfoset(const unsigned char* data, std::uint32_t len
   return CFastInfosetReader(m_context->GetFIContext(), *this).Read(data, length);
 }
 
+// What the scanner is not certain of is left to the parser, from the beginning. A callback sees
+// elements once, so that the parser calls it, which always comes to an end.
+bool CXmlDocument::ScanText(std::string_view text, std::string_view encoding) {
+  if (!kHasScanner || m_callback || m_schemaType == st_NoNamespaces ||
+      !m_context->GetStripCDATA()) {
+    return false;
+  }
+  if (CXmlScanner(*this, encoding).Read(text)) return true;
+  Cleanup();
+  return false;
+}
+
 void CXmlDocument::ParseText(const unsigned char* data, std::size_t length) {
+  const std::string_view bytes(reinterpret_cast<const char*>(data), length);
+  const bool isUtf16 = CUtf16Input::OrderOf(data, length) != CUtf16Input::Order::none;
+  if (!isUtf16 && ScanText(bytes, "UTF-8")) return;
   CExpatReader reader(this);
   reader.Create();
   reader.ParseBuffer(data, length, true);

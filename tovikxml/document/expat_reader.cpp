@@ -208,9 +208,9 @@ void CExpatReader::ParseBuffer(const unsigned char* data, std::size_t length, bo
   if (isCut) throw Failure(m_parser.get(), XML_ERROR_UNCLOSED_TOKEN);
 }
 
-void CExpatReader::ParseText(WStringView text) {
+void CExpatReader::ParseText(std::string_view text) {
   BeginUtf16(CUtf16Input::Order::lowFirst);
-  Parse(CUtf16Input::Convert(text), true);
+  Parse(text, true);
 }
 
 void CExpatReader::BeginUtf16(CUtf16Input::Order order) {

@@ -27,8 +27,8 @@ class CExpatReader : public CInstanceMonitor {
   /// Parses the next bytes of the document. Throws `CTovikException` "%s at line %d" with the
   /// parser's words; lines are counted over all buffers.
   void ParseBuffer(const unsigned char* data, std::size_t length, bool isFinal);
-  /// Parses a whole document that is UTF-16, whatever its first characters.
-  void ParseText(WStringView text);
+  /// Parses a whole document that was UTF-16, whatever its first characters, and is UTF-8 now.
+  void ParseText(std::string_view text);
 
  private:
   struct Handlers;
