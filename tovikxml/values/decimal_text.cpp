@@ -123,7 +123,8 @@ void CDecimal::Parse(const wchar* text) {
   Finish();
 }
 
-// Multiplies or divides by 10 to the power of the exponent, as the operators do.
+// Multiplies or divides by 10 to the power of the exponent, as the operators do, which may leave
+// zeros at the end of what they round.
 void CDecimal::Scale(bool negativeExponent, int exponent) {
   if (negativeExponent) {
     const int surplus = m_divider + exponent - (m_maxDivider + 2);
@@ -133,6 +134,7 @@ void CDecimal::Scale(bool negativeExponent, int exponent) {
     CBigInteger::ShiftLeft(m_unscaled.m_digits, exponent);
   }
   if (IsZero()) m_unscaled.Abs();
+  Finish();
 }
 
 // All digits, with at least one before the point, which is not written.
