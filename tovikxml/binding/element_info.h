@@ -45,7 +45,8 @@ struct Reading {
 // The kinds: what a record of one occurrence holds, how it writes its property (`Write` tells
 // whether there was something to write), and how it reads in each place.
 
-class TOVIKXML_EXPORT ValueKind : public CElementInfo {
+/// A value that is written as text.
+class TOVIKXML_EXPORT SimpleKind : public CElementInfo {
  protected:
   using CElementInfo::CElementInfo;
   bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -55,14 +56,13 @@ class TOVIKXML_EXPORT ValueKind : public CElementInfo {
   bool ReadAllMnd(const Reading& reading) const { return ReadIfMatching(reading); }
   bool ReadAllOpt(const Reading& reading) const { return ReadIfMatching(reading); }
   bool ReadChoiceOpt(const Reading& reading) const { return ReadIfMatching(reading); }
-  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
   bool ReadIfMatching(const Reading& reading) const;
   void ReadValue(const Reading& reading) const;
 };
 
-class TOVIKXML_EXPORT PrimKind : public ValueKind {
+class TOVIKXML_EXPORT PrimKind : public SimpleKind {
  public:
   PrimKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
            ItemType itemType, const wchar* formatOverride,
@@ -70,7 +70,7 @@ class TOVIKXML_EXPORT PrimKind : public ValueKind {
            const CPrimitiveRestrictions& restrictions, const wchar* defaultValue);
 };
 
-class TOVIKXML_EXPORT EnumKind : public ValueKind {
+class TOVIKXML_EXPORT EnumKind : public SimpleKind {
  public:
   EnumKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
            EnumToText enumToText, TextToEnum textToEnum, const wchar* defaultValue);
@@ -140,7 +140,6 @@ class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
   bool ReadAllMnd(const Reading& reading) const { return ReadAll(reading); }
   bool ReadAllOpt(const Reading& reading) const { return ReadAll(reading); }
   bool ReadChoiceOpt(const Reading& reading) const;
-  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
   /// The object for the element at the cursor; null if it does not match or none suits.
@@ -151,7 +150,8 @@ class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
   AbstractClassFactory m_factory;
 };
 
-class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
+/// A wildcard: an object of open content, which has tags of its own.
+class TOVIKXML_EXPORT UntpdKind : public ObjectKind {
  public:
   /// `anyNamespaces` is the wildcard's `namespace` attribute. The name "AnyElement" takes any local
   /// name.
@@ -159,23 +159,20 @@ class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
             const wchar* anyNamespaces, const wchar* targetNamespace);
 
  protected:
-  bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
-             CXmlWriter* writer, bool isOptionalChoice) const;
   bool ReadSeqMnd(const Reading& reading) const;
   bool ReadSeqOpt(const Reading& reading) const;
   bool ReadAllMnd(const Reading& reading) const;
   bool ReadAllOpt(const Reading& reading) const { return ReadOptional(reading); }
   bool ReadChoiceOpt(const Reading& reading) const;
-  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
+  bool UsesDefaultNamespace() const final { return true; }
   CSmartPtr<CXmlObjectBase> Make(const Reading& reading) const;
   /// Lets the object read the element at the cursor, if its name suits; gives the cursor behind
   /// what it took.
   CXmlElement* Read(CXmlObjectBase* object, const Reading& reading) const;
   bool ReadOptional(const Reading& reading) const;
   bool ReadMandatory(const Reading& reading) const;
-  void Store(CXmlObjectBase* object, const Reading& reading) const;
 
   WString m_anyNamespaces;
   WString m_targetNamespace;
@@ -186,15 +183,15 @@ class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
 template <class Kind>
 class MndRecord : public Kind {
  public:
-  template <class... Arguments>
-  explicit MndRecord(Arguments... arguments) : Kind(arguments...) {
-    this->MarkMandatory();
-  }
+  using Kind::Kind;
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
                     CXmlWriter* writer) const override {
     this->RequirePresent(Kind::Write(context, owner, writer, false));
     return true;
   }
+
+ private:
+  bool IsMandatory() const final { return true; }
 };
 
 template <class Kind>
@@ -262,10 +259,7 @@ class AllOpt : public OptRecord<Kind> {
 template <class Kind>
 class ChoiceOpt : public Kind {
  public:
-  template <class... Arguments>
-  explicit ChoiceOpt(Arguments... arguments) : Kind(arguments...) {
-    this->MarkOptionalInChoice();
-  }
+  using Kind::Kind;
   /// An empty choice inside an optional object of a known class is let through.
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
                     CXmlWriter* writer) const override {
@@ -276,13 +270,26 @@ class ChoiceOpt : public Kind {
                       XmlElementType parentType) override {
     return Kind::ReadChoiceOpt({context, owner, parent, child, defaultNamespace, parentType});
   }
+
+ private:
+  bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* /*owner*/) const final { return true; }
 };
 
 }  // namespace detail
 
-/// Base of the repeated records of a sequence. The property of a repeated record is a collection
-/// that exists from the start and knows its limits.
-class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
+/// Base of the repeated records. The property of a repeated record is a collection that exists from
+/// the start and knows its limits.
+class TOVIKXML_EXPORT CElementInfoCol : public CElementInfo {
+ protected:
+  CElementInfoCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
+  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
+  virtual CXmlElement* ReadItems(const CSerializationContext& context,
+                                 CXmlCollectionBase* collection, CXmlElement* parent,
+                                 CXmlElement* child) const;
+};
+
+/// Base of the repeated records of a sequence.
+class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfoCol {
  public:
   CElementInfoSeqCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -290,16 +297,10 @@ class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
   bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
                       CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
                       XmlElementType parentType) override;
-
- protected:
-  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
-  virtual CXmlElement* ReadItems(const CSerializationContext& context,
-                                 CXmlCollectionBase* collection, CXmlElement* parent,
-                                 CXmlElement* child) const;
 };
 
 /// Base of the repeated records of an all group.
-class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
+class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfoCol {
  public:
   CElementInfoAllCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -310,7 +311,7 @@ class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
 };
 
 /// Base of the repeated records of a choice.
-class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
+class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfoCol {
  public:
   CElementInfoChoiceCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -319,11 +320,8 @@ class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
                       CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
                       XmlElementType parentType) override;
 
- protected:
-  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
-  virtual CXmlElement* ReadItems(const CSerializationContext& context,
-                                 CXmlCollectionBase* collection, CXmlElement* parent,
-                                 CXmlElement* child) const;
+ private:
+  bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* owner) const final;
 };
 
 namespace detail {

@@ -153,7 +153,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
 bool CXmlGeneratedClass::ReadRecord(CElementInfo* record, const CSerializationContext& context,
                                     CXmlElement* parent, CXmlElement** child,
                                     XmlElementType elementType) {
-  if (!record->m_usesDefaultNamespace) {
+  if (!record->UsesDefaultNamespace()) {
     return record->ElementFromXml(context, this, parent, child, u"", elementType);
   }
   return record->ElementFromXml(context, this, parent, child, GetNamespace().c_str(), elementType);
@@ -172,7 +172,7 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
       last = index;
       // A mandatory record that has found its element must not miss it in what trails.
       const XmlElementType type =
-          isTrailing && records[index]->m_isMandatory ? xet_PseudoElement : elementType;
+          isTrailing && records[index]->IsMandatory() ? xet_PseudoElement : elementType;
       while (!ReadRecord(records[index], context, parent, &child, type)) {
         if (!context.GetIgnoreUnknownElements() || !child) return start;
         child = child->GetNextSiblingElement();
