@@ -21,9 +21,13 @@ CSerializationContext ContextThatIgnores(const WString& what) {
   return context;
 }
 
+WString ValuesOf(Bag& bag);
+
 WString Held(const TovikVariant& value) {
   if (value.GetXmlCollection()) return u"#" + NumberText(value.GetXmlCollection()->GetCount());
-  if (value.GetXmlObject()) return u"*";
+  const CSmartPtr<CXmlObjectBase> object = value.GetXmlObject();
+  if (auto* bag = dynamic_cast<Bag*>(object.Get())) return u"(" + ValuesOf(*bag) + u")";
+  if (auto* foreign = dynamic_cast<CElement*>(object.Get())) return u":" + foreign->GetName();
   if (value.IsNil()) return u"nil";
   return value.IsValid() ? value.ToString(nullptr) : u"";
 }
@@ -100,6 +104,18 @@ TEST(ReadChoice, DemandsAChildWhereNoneIsOptional) {
   ExpectReads(outer, "choice of a choice");
 }
 
+TEST(ReadChoice, AsksForTheMinimumOfItsCollectionWithoutAGuard) {
+  struct Failing : Bag {
+    using Bag::Bag;
+    using Bag::DoesElementContainOptionalElements;
+    void AccessProperty(int, bool, TovikVariant&) override { throw CTovikException(u"no access"); }
+  };
+  Shape shape(xgt_Choice);
+  shape.Add(new CElementInfoChoicePrimCol(u"a", u"", 0));
+  const CSmartPtr<Failing> bag(new Failing(shape));
+  EXPECT_EQ(Outcome([&] { bag->DoesElementContainOptionalElements(); }), u"!Exception no access");
+}
+
 TEST(ReadPseudo, HandsBackWhatItDoesNotTake) {
   for (const XmlElementType type : {xet_PseudoElement, xet_PseudoElementNoAttributes}) {
     Shape sequence(xgt_Sequence, type, u"s"), choice(xgt_Choice, type, u"c");
@@ -121,13 +137,25 @@ TEST(ReadPseudo, MayHaveToTakeSomething) {
   Shape sequence(xgt_Sequence, xet_PseudoElement, u"s");
   sequence.Add(Prim<CElementInfoSeqPrimOpt>(u"a", 0));
   for (const bool must : {true, false}) {
-    Shape shape(xgt_Sequence);
-    shape.Add(new CElementInfoSeqClsMnd(u"s", u"", 0, xet_PseudoElement, MakeBag, 0, must))
+    Shape shape(xgt_Sequence), last(xgt_Sequence);
+    const auto record = [must] {
+      return new CElementInfoSeqClsMnd(u"s", u"", 0, xet_PseudoElement, MakeBag, 0, must);
+    };
+    shape.Add(record())
         .Add(Prim<CElementInfoSeqPrimOpt>(u"z", 1))
         .StartWithObject(0, u"s", sequence);
     ExpectReads(shape, must ? "pseudo element that must take something"
                             : "pseudo element that may take nothing");
+    last.Add(record()).StartWithObject(0, u"s", sequence);
+    ExpectReads(last, "mandatory pseudo element at the end");
   }
+}
+
+TEST(ReadSequence, AsksNoMandatoryWildcardAgain) {
+  Shape shape(xgt_Sequence);
+  shape.Add(new CElementInfoSeqUntpdMnd(u"AnyElement", u"", 0, u"##any", u""))
+      .StartWith(0, [](TovikVariant& value) { value.SetXmlObject(new CElement(u"w")); });
+  ExpectReads(shape, "mandatory wildcard at the end");
 }
 
 TEST(ReadAttributes, OffersThemToRecordsInOrder) {
