@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "tests/support/small_stack.h"
 #include "tests/support/text.h"
 
 using namespace TovikXmlLib16;
@@ -25,7 +28,6 @@ TEST(Exception, FullMessageListsTheChainOutermostFirst) {
 }
 
 TEST(Exception, CausesKeepTheirClassAndOutliveTheirSource) {
-  const CTovikException* cause = nullptr;
   CTovikException kept;
   {
     const CTovikException inner(u"inner", CTovikInvalidValueException(u"root"));
@@ -33,7 +35,7 @@ TEST(Exception, CausesKeepTheirClassAndOutliveTheirSource) {
     kept = outer;
     EXPECT_NE(kept.GetInnerException(), outer.GetInnerException());
   }
-  cause = kept.GetInnerException()->GetInnerException();
+  const CTovikException* cause = kept.GetInnerException()->GetInnerException();
   EXPECT_NE(dynamic_cast<const CTovikInvalidValueException*>(cause), nullptr);
   EXPECT_EQ(kept.GetFullMessage(), u"outer\ninner\nroot");
   kept = *kept.GetInnerException();
@@ -46,4 +48,20 @@ TEST(Exception, AnyMemberTurnsIntoAnotherClassWithItsChain) {
   EXPECT_EQ(turned.GetFullMessage(), u"m\nPath: /p\nbig");
   EXPECT_EQ(turned.GetPath(), u"/p");
   EXPECT_NE(dynamic_cast<const CTovikOverFlowException*>(turned.GetInnerException()), nullptr);
+}
+
+TEST(Exception, TakesOverACauseWithItsChain) {
+  TovikXmlTest::RunOnSmallStack([] {
+    auto chain = std::make_unique<CTovikException>(u"root", CTovikOverFlowException(u"big"));
+    constexpr int kLength = 100000;
+    for (int i = 0; i < kLength; ++i) {
+      const auto inner = std::move(chain);
+      chain = std::make_unique<CTovikValidationException>(u"m", WString(), std::move(*inner));
+      EXPECT_STREQ(inner->what(), i == 0 ? "root" : "m");
+    }
+    EXPECT_EQ(chain->GetFullMessage().size(), 2 * kLength + WString(u"root\nbig").size());
+    const CTovikException* cause = chain.get();
+    while (cause->GetInnerException()) cause = cause->GetInnerException();
+    EXPECT_NE(dynamic_cast<const CTovikOverFlowException*>(cause), nullptr);
+  });
 }

@@ -19,19 +19,23 @@ namespace {
 
 // The guards of a property: what it throws becomes the cause of an exception that names it.
 
+[[noreturn]] void ThrowGetFailure(const WString& name, const CTovikException& cause) {
+  throw CTovikValidationException(
+      FormatString(u"Failed to get the property value for [%s].", name.c_str()), WString(), cause);
+}
+
 template <class Access>
-void GuardGet(const WString& name, Access access) {
+inline void GuardGet(const WString& name, Access access) {
   try {
     access();
   } catch (const CTovikException& e) {
-    throw CTovikValidationException(
-        FormatString(u"Failed to get the property value for [%s].", name.c_str()), WString(), e);
+    ThrowGetFailure(name, e);
   }
 }
 
 // `message` gives the text, and `node` the path.
 template <class Access, class Message, class Node>
-void GuardSet(Access access, Message message, const Node& node) {
+inline void GuardSet(Access access, Message message, const Node& node) {
   try {
     access();
   } catch (const CTovikException& e) {
