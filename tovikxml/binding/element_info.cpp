@@ -24,7 +24,7 @@ namespace {
 
 // Brings the cursor of a mandatory record in a real element to its element. False if the element
 // is missing and may be.
-bool FindRequired(const CElementInfo& record, const detail::Reading& reading) {
+bool FindRequired(const CElementInfo& record, const tovikxml_detail::Reading& reading) {
   CXmlElement*& child = *reading.child;
   while (!record.IsThisElement(reading.context, child)) {
     if (reading.context.GetIgnoreMissingMandatoryElements()) return false;
@@ -38,7 +38,7 @@ bool FindRequired(const CElementInfo& record, const detail::Reading& reading) {
 
 }  // namespace
 
-namespace detail {
+namespace tovikxml_detail {
 
 PrimKind::PrimKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
                    bool nillable, ItemType itemType, const wchar* formatOverride,
@@ -371,7 +371,7 @@ bool UntpdKind::ReadChoiceOpt(const Reading& reading) const {
   return moved;
 }
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 CElementInfoCol::CElementInfoCol(const wchar* name, const wchar* namespaceUri,
                                  std::int32_t propertyIndex)

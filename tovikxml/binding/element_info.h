@@ -28,7 +28,7 @@ using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int factoryArgument, const wc
 /// Chooses and makes an object by looking at the element; null if none suits.
 using AbstractClassFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// One attempt to read a record: the arguments of `ElementFromXml`.
 struct Reading {
@@ -275,7 +275,7 @@ class ChoiceOpt : public Kind {
   bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* /*owner*/) const final { return true; }
 };
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 /// Base of the repeated records. The property of a repeated record is a collection that exists from
 /// the start and knows its limits.
@@ -324,7 +324,7 @@ class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfoCol {
   bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* owner) const final;
 };
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// A repeated object: the attributes of pseudo items go on the enclosing element.
 template <class GroupCol>
@@ -356,49 +356,49 @@ class UntpdCol : public GroupCol {
   }
 };
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 // clang-format off
-class TOVIKXML_EXPORT CElementInfoSeqPrimMnd       final : public detail::SeqMnd<detail::PrimKind>      { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqEnumMnd       final : public detail::SeqMnd<detail::EnumKind>      { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqClsMnd        final : public detail::SeqMnd<detail::ClsKind>       { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqAbsClsMnd     final : public detail::SeqMnd<detail::AbsClsKind>    { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdMnd      final : public detail::SeqMnd<detail::UntpdKind>     { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqPrimOpt       final : public detail::SeqOpt<detail::PrimKind>      { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqEnumOpt       final : public detail::SeqOpt<detail::EnumKind>      { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqClsOpt        final : public detail::SeqOpt<detail::ClsKind>       { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqAbsClsOpt     final : public detail::SeqOpt<detail::AbsClsKind>    { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdOpt      final : public detail::SeqOpt<detail::UntpdKind>     { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoAllPrimMnd       final : public detail::AllMnd<detail::PrimKind>      { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllEnumMnd       final : public detail::AllMnd<detail::EnumKind>      { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllClsMnd        final : public detail::AllMnd<detail::ClsKind>       { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllAbsClsMnd     final : public detail::AllMnd<detail::AbsClsKind>    { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllUntpdMnd      final : public detail::AllMnd<detail::UntpdKind>     { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllPrimOpt       final : public detail::AllOpt<detail::PrimKind>      { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllEnumOpt       final : public detail::AllOpt<detail::EnumKind>      { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllClsOpt        final : public detail::AllOpt<detail::ClsKind>       { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllAbsClsOpt     final : public detail::AllOpt<detail::AbsClsKind>    { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllUntpdOpt      final : public detail::AllOpt<detail::UntpdKind>     { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoChoicePrimOpt    final : public detail::ChoiceOpt<detail::PrimKind>   { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceEnumOpt    final : public detail::ChoiceOpt<detail::EnumKind>   { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceClsOpt     final : public detail::ChoiceOpt<detail::ClsKind>    { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceAbsClsOpt  final : public detail::ChoiceOpt<detail::AbsClsKind> { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceUntpdOpt   final : public detail::ChoiceOpt<detail::UntpdKind>  { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqPrimMnd       final : public tovikxml_detail::SeqMnd<tovikxml_detail::PrimKind>      { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumMnd       final : public tovikxml_detail::SeqMnd<tovikxml_detail::EnumKind>      { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqClsMnd        final : public tovikxml_detail::SeqMnd<tovikxml_detail::ClsKind>       { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsMnd     final : public tovikxml_detail::SeqMnd<tovikxml_detail::AbsClsKind>    { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdMnd      final : public tovikxml_detail::SeqMnd<tovikxml_detail::UntpdKind>     { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqPrimOpt       final : public tovikxml_detail::SeqOpt<tovikxml_detail::PrimKind>      { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumOpt       final : public tovikxml_detail::SeqOpt<tovikxml_detail::EnumKind>      { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqClsOpt        final : public tovikxml_detail::SeqOpt<tovikxml_detail::ClsKind>       { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsOpt     final : public tovikxml_detail::SeqOpt<tovikxml_detail::AbsClsKind>    { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdOpt      final : public tovikxml_detail::SeqOpt<tovikxml_detail::UntpdKind>     { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoAllPrimMnd       final : public tovikxml_detail::AllMnd<tovikxml_detail::PrimKind>      { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllEnumMnd       final : public tovikxml_detail::AllMnd<tovikxml_detail::EnumKind>      { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllClsMnd        final : public tovikxml_detail::AllMnd<tovikxml_detail::ClsKind>       { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsMnd     final : public tovikxml_detail::AllMnd<tovikxml_detail::AbsClsKind>    { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdMnd      final : public tovikxml_detail::AllMnd<tovikxml_detail::UntpdKind>     { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllPrimOpt       final : public tovikxml_detail::AllOpt<tovikxml_detail::PrimKind>      { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllEnumOpt       final : public tovikxml_detail::AllOpt<tovikxml_detail::EnumKind>      { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllClsOpt        final : public tovikxml_detail::AllOpt<tovikxml_detail::ClsKind>       { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsOpt     final : public tovikxml_detail::AllOpt<tovikxml_detail::AbsClsKind>    { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdOpt      final : public tovikxml_detail::AllOpt<tovikxml_detail::UntpdKind>     { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoChoicePrimOpt    final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::PrimKind>   { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceEnumOpt    final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::EnumKind>   { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceClsOpt     final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::ClsKind>    { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceAbsClsOpt  final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::AbsClsKind> { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdOpt   final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::UntpdKind>  { using ChoiceOpt::ChoiceOpt; };
 
 class TOVIKXML_EXPORT CElementInfoSeqPrimCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
 class TOVIKXML_EXPORT CElementInfoSeqEnumCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
-class TOVIKXML_EXPORT CElementInfoSeqClsCol        final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoSeqAbsClsCol     final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public detail::UntpdCol<CElementInfoSeqCol>  { using UntpdCol::UntpdCol; };
+class TOVIKXML_EXPORT CElementInfoSeqClsCol        final : public tovikxml_detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsCol     final : public tovikxml_detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public tovikxml_detail::UntpdCol<CElementInfoSeqCol>  { using UntpdCol::UntpdCol; };
 class TOVIKXML_EXPORT CElementInfoAllPrimCol       final : public CElementInfoAllCol                    { using CElementInfoAllCol::CElementInfoAllCol; };
-class TOVIKXML_EXPORT CElementInfoAllClsCol        final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoAllAbsClsCol     final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoAllClsCol        final : public tovikxml_detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsCol     final : public tovikxml_detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
 class TOVIKXML_EXPORT CElementInfoAllUntpdCol      final : public CElementInfoAllCol                       { using CElementInfoAllCol::CElementInfoAllCol; };
 class TOVIKXML_EXPORT CElementInfoChoicePrimCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
 class TOVIKXML_EXPORT CElementInfoChoiceEnumCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceClsCol     final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceAbsClsCol  final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public detail::UntpdCol<CElementInfoChoiceCol> { using UntpdCol::UntpdCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceClsCol     final : public tovikxml_detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceAbsClsCol  final : public tovikxml_detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public tovikxml_detail::UntpdCol<CElementInfoChoiceCol> { using UntpdCol::UntpdCol; };
 // clang-format on
 
 /// A repeated enumeration in an all group has no body and cannot be made.

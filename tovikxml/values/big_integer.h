@@ -115,7 +115,7 @@ class TOVIKXML_EXPORT CBigInteger {
  protected:
   /// A magnitude in limbs of base `kBase`, each of `kLimbDigits` decimal digits, without a zero
   /// limb at the high end. Zero is one zero limb or no limb.
-  using Digits = detail::LimbArray;
+  using Digits = tovikxml_detail::LimbArray;
   using Limb = Digits::Limb;
 
   static constexpr Limb kBase = 1000000000;

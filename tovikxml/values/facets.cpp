@@ -90,7 +90,7 @@ void CheckVariant(ValueKind<it_string> /*row*/, const WString& name, const Tovik
 
 }  // namespace
 
-namespace detail {
+namespace tovikxml_detail {
 
 bool LengthHolds(std::size_t length, const CPrimitiveRestrictions& restrictions) {
   const std::int32_t minimum = restrictions.GetMinLength();
@@ -135,7 +135,7 @@ void RefuseText(const WString& name, const WString& text) {
   throw CTovikException(FormatString(u"Invalid Value for %s [%s].", name.c_str(), text.c_str()));
 }
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 void CheckFacets(const WString& name, const TovikVariant& value, ItemType kind,
                  const CPrimitiveRestrictions& restrictions) {
