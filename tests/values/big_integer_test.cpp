@@ -8,6 +8,7 @@
 
 #include "tests/support/data_rows.h"
 #include "tests/support/text.h"
+#include "tovikxml/values/decimal.h"
 
 using namespace TovikXmlLib16;
 using namespace TovikXmlTest;
@@ -23,6 +24,22 @@ WString RandomDigits(std::mt19937& random, std::size_t count) {
 // What zeros of either sign tell apart.
 bool IsBelowPositiveZero(const CBigInteger& value) {
   return value < CBigInteger();
+}
+
+template <class Number, class Integer>
+void ExpectMixes(Integer five) {
+  const Number seven(7), same(five);
+  const Number results[] = {seven + five, five + seven, seven - five, five - seven,
+                            seven * five, five * seven, same / five,  five / same};
+  const int expected[] = {12, 12, 2, -2, 35, 35, 1, 1};
+  for (std::size_t i = 0; i < std::size(results); ++i) EXPECT_EQ(results[i], Number(expected[i]));
+  EXPECT_TRUE(same == five && five == same && seven != five && five != seven);
+  EXPECT_TRUE(five < seven && five <= seven && seven > five && seven >= five);
+  EXPECT_FALSE(seven < five || seven <= five || five > seven || five >= seven);
+  if constexpr (std::is_same_v<Number, CBigInteger>) {
+    EXPECT_EQ(seven % five, 2);
+    EXPECT_EQ(five % seven, 5);
+  }
 }
 
 }  // namespace
@@ -119,6 +136,16 @@ TEST(BigInteger, ZeroKeepsTheSignItGot) {
     EXPECT_FALSE(IsBelowPositiveZero(value));
     EXPECT_EQ(value, negative);
   }
+}
+
+TEST(BigInteger, MixesWithBuiltInIntegersAsDecimalsDo) {
+  const auto expect = [](auto... fives) {
+    (ExpectMixes<CBigInteger>(fives), ...);
+    (ExpectMixes<CDecimal>(fives), ...);
+  };
+  expect(5, 5u, 5l, 5ul, 5ll, 5ull, short{5}, static_cast<unsigned char>(5));
+  EXPECT_EQ(CDecimal(~0u).ToString(), u"4294967295");
+  EXPECT_EQ(CDecimal(~0ull).ToString(), u"18446744073709551615");
 }
 
 TEST(BigInteger, OnlyTheUnaryMinusChangesItsObject) {
