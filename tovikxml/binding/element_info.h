@@ -62,6 +62,7 @@ class TOVIKXML_EXPORT SimpleKind : public CElementInfo {
   void ReadValue(const Reading& reading) const;
 };
 
+/// A primitive value. `defaultValue` and `formatOverride` may be null.
 class TOVIKXML_EXPORT PrimKind : public SimpleKind {
  public:
   PrimKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
@@ -70,6 +71,7 @@ class TOVIKXML_EXPORT PrimKind : public SimpleKind {
            const CPrimitiveRestrictions& restrictions, const wchar* defaultValue);
 };
 
+/// An enumeration, which a property holds as a number.
 class TOVIKXML_EXPORT EnumKind : public SimpleKind {
  public:
   EnumKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
@@ -101,6 +103,7 @@ class TOVIKXML_EXPORT ObjectKind : public CElementInfo {
   XmlElementType m_elementType;
 };
 
+/// An object of one known class.
 class TOVIKXML_EXPORT ClsKind : public ObjectKind {
  public:
   /// `mustConsume`: a pseudo element with mandatory content, whose reading must move the cursor.
@@ -128,6 +131,7 @@ class TOVIKXML_EXPORT ClsKind : public ObjectKind {
   bool m_mustConsume;
 };
 
+/// An object whose class is chosen by looking at the element.
 class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
  public:
   /// `unused` is there for generated code and is not read.
@@ -180,6 +184,7 @@ class TOVIKXML_EXPORT UntpdKind : public ObjectKind {
 
 // Group and occurrence, joined with a kind.
 
+/// What must be there once.
 template <class Kind>
 class MndRecord : public Kind {
  public:
@@ -194,6 +199,7 @@ class MndRecord : public Kind {
   bool IsMandatory() const final { return true; }
 };
 
+/// What may be there once.
 template <class Kind>
 class OptRecord : public Kind {
  public:
@@ -204,6 +210,7 @@ class OptRecord : public Kind {
   }
 };
 
+/// A mandatory record of a sequence.
 template <class Kind>
 class SeqMnd : public MndRecord<Kind> {
  public:
@@ -215,6 +222,7 @@ class SeqMnd : public MndRecord<Kind> {
   }
 };
 
+/// An optional record of a sequence.
 template <class Kind>
 class SeqOpt : public OptRecord<Kind> {
  public:
@@ -226,6 +234,7 @@ class SeqOpt : public OptRecord<Kind> {
   }
 };
 
+/// A mandatory record of an all group.
 template <class Kind>
 class AllMnd : public MndRecord<Kind> {
  public:
@@ -241,6 +250,7 @@ class AllMnd : public MndRecord<Kind> {
   }
 };
 
+/// An optional record of an all group.
 template <class Kind>
 class AllOpt : public OptRecord<Kind> {
  public:
@@ -256,6 +266,7 @@ class AllOpt : public OptRecord<Kind> {
   }
 };
 
+/// A record of a choice.
 template <class Kind>
 class ChoiceOpt : public Kind {
  public:
