@@ -76,7 +76,7 @@ documents_lead_on() {
   for document in "$folder"/*.md "$folder"/docs/*.md "$folder"/docs/guide/*.md; do
     while read -r link; do
       [[ -e $(dirname "$document")/$link ]] || { echo "$document leads to no $link"; return 1; }
-    done < <(grep -oE '\]\([^)#:]+\)' "$document" | tr -d ']()')
+    done < <(grep -oE '[^[]\]\([^) #:]+\)' "$document" | sed 's/.*(//; s/)//')
   done
 }
 
