@@ -109,10 +109,6 @@ void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext& /*cont
                                              const CXmlGeneratedClass* /*owner*/,
                                              CXmlWriter* /*writer*/) const {}
 
-bool CElementInfo::MayLeaveChoiceEmpty(const CXmlGeneratedClass* /*owner*/) const {
-  return false;
-}
-
 bool CElementInfo::ValidateMnd(bool seen, bool parentIsElement) const {
   if (seen || !parentIsElement) return seen;
   throw CTovikValidationException(

@@ -205,7 +205,7 @@ class TOVIKXML_EXPORT CElementInfo {
   /// Whether the element must be there, once.
   virtual bool IsMandatory() const { return false; }
   /// Whether the record lets the choice in which it stands be empty.
-  virtual bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* owner) const;
+  virtual bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* /*owner*/) const { return false; }
   /// Whether `ElementFromXml` looks at the default namespace that it is given.
   virtual bool UsesDefaultNamespace() const { return false; }
 
