@@ -1,4 +1,4 @@
-# The installed package: library, public headers, CMake package and pkg-config file.
+# The installed package: library, public headers, CMake package, pkg-config file, and the documents.
 include(CMakePackageConfigHelpers)
 
 tovikxml_public_headers(headers)
@@ -40,3 +40,14 @@ foreach(folder LIB INCLUDE)
 endforeach()
 configure_file(${PROJECT_SOURCE_DIR}/cmake/tovikxml.pc.in ${PROJECT_BINARY_DIR}/tovikxml.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/tovikxml.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+# As they lie in the project, so that the links between them hold, with the reference beside them if
+# it was made.
+set(documents README.md CHANGELOG.md ARCHITECTURE.md CONTRIBUTING.md)
+list(TRANSFORM documents PREPEND "${PROJECT_SOURCE_DIR}/")
+install(FILES ${documents} DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples
+        DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        PATTERN "*.in" EXCLUDE PATTERN "make_reference.cmake" EXCLUDE PATTERN "reference.*" EXCLUDE)
+install(DIRECTORY ${PROJECT_BINARY_DIR}/docs/html/ DESTINATION ${CMAKE_INSTALL_DOCDIR}/reference
+        OPTIONAL)

@@ -2,13 +2,17 @@
 find_program(DOXYGEN_EXECUTABLE doxygen)
 mark_as_advanced(DOXYGEN_EXECUTABLE)
 if(NOT DOXYGEN_EXECUTABLE)
+  add_custom_target(docs
+    COMMAND ${CMAKE_COMMAND} -E echo "The reference is made by doxygen, which is not installed."
+    COMMAND ${CMAKE_COMMAND} -E false VERBATIM)
   return()
 endif()
 
-tovikxml_public_headers(headers)
-list(TRANSFORM headers PREPEND "\"${PROJECT_SOURCE_DIR}/")
-list(TRANSFORM headers APPEND "\"")
-list(JOIN headers " " TOVIKXML_DOCS_INPUT)
+tovikxml_public_headers(inputs)
+list(PREPEND inputs docs/reference.md)
+list(TRANSFORM inputs PREPEND "\"${PROJECT_SOURCE_DIR}/")
+list(TRANSFORM inputs APPEND "\"")
+list(JOIN inputs " " TOVIKXML_DOCS_INPUT)
 set(TOVIKXML_DOCS_FOLDER "${PROJECT_BINARY_DIR}/docs")
 configure_file(${PROJECT_SOURCE_DIR}/docs/Doxyfile.in ${TOVIKXML_DOCS_FOLDER}/Doxyfile @ONLY)
 add_custom_target(docs

@@ -69,6 +69,17 @@ with_pkg_config() {
   done
 }
 
+# documents_lead_on PREFIX: the README and the guide are there, and every file that they link to.
+documents_lead_on() {
+  local folder document link
+  folder=$(dirname "$(find "$1/share/doc" -maxdepth 2 -name README.md)")
+  for document in "$folder"/*.md "$folder"/docs/*.md "$folder"/docs/guide/*.md; do
+    while read -r link; do
+      [[ -e $(dirname "$document")/$link ]] || { echo "$document leads to no $link"; return 1; }
+    done < <(grep -oE '[^[]\]\([^) #:]+\)' "$document" | sed 's/.*(//; s/)//')
+  done
+}
+
 # Only what is installed is in the include path, so that a header which leads to an internal one
 # does not compile. Nor may one bring in what costs every source that includes it.
 headers_alone() {
@@ -100,6 +111,7 @@ export HOME="$scratch/über παντού"
 install_as_readme_says
 against OFF "$HOME/tovikxml"
 guide_project "$HOME/tovikxml"
+documents_lead_on "$HOME/tovikxml"
 
 as_folder g++ OFF "$scratch/folder"
 as_folder clang++ ON "$scratch/shared folder"

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "tests/support/small_stack.h"
 #include "tests/support/text.h"
 
 using namespace TovikXmlLib16;
@@ -24,8 +27,7 @@ TEST(Exception, FullMessageListsTheChainOutermostFirst) {
   EXPECT_STREQ(outer.what(), "outer\nmiddle\nPath: /p\ncause \xc3\xa9");
 }
 
-TEST(Exception, CausesKeepTheirClassAndOutliveTheirSource) {
-  const CTovikException* cause = nullptr;
+TEST(Exception, CausesKeepTheirClassAndOutliveTheirSourceInAnyOtherClass) {
   CTovikException kept;
   {
     const CTovikException inner(u"inner", CTovikInvalidValueException(u"root"));
@@ -33,17 +35,26 @@ TEST(Exception, CausesKeepTheirClassAndOutliveTheirSource) {
     kept = outer;
     EXPECT_NE(kept.GetInnerException(), outer.GetInnerException());
   }
-  cause = kept.GetInnerException()->GetInnerException();
+  const CTovikException* cause = kept.GetInnerException()->GetInnerException();
   EXPECT_NE(dynamic_cast<const CTovikInvalidValueException*>(cause), nullptr);
   EXPECT_EQ(kept.GetFullMessage(), u"outer\ninner\nroot");
   kept = *kept.GetInnerException();
   EXPECT_EQ(kept.GetFullMessage(), u"inner\nroot");
+  const CTovikValidationException turned(CTovikException(u"m", WString(u"/p"), kept));
+  EXPECT_EQ(turned.GetFullMessage(), u"m\nPath: /p\ninner\nroot");
+  EXPECT_EQ(turned.GetPath(), u"/p");
 }
 
-TEST(Exception, AnyMemberTurnsIntoAnotherClassWithItsChain) {
-  const CTovikException source(u"m", WString(u"/p"), CTovikOverFlowException(u"big"));
-  const CTovikValidationException turned(source);
-  EXPECT_EQ(turned.GetFullMessage(), u"m\nPath: /p\nbig");
-  EXPECT_EQ(turned.GetPath(), u"/p");
-  EXPECT_NE(dynamic_cast<const CTovikOverFlowException*>(turned.GetInnerException()), nullptr);
+TEST(Exception, TakesOverACauseWithItsChain) {
+  TovikXmlTest::RunOnSmallStack([] {
+    auto chain = std::make_unique<CTovikException>(u"root", CTovikOverFlowException(u"big"));
+    constexpr int kLength = 100000;
+    for (int i = 0; i < kLength; ++i) {
+      const auto inner = std::move(chain);
+      chain = std::make_unique<CTovikValidationException>(u"m", WString(), std::move(*inner));
+      EXPECT_STREQ(inner->what(), i == 0 ? "root" : "m");
+    }
+    EXPECT_NE(dynamic_cast<const CTovikValidationException*>(chain->GetInnerException()), nullptr);
+    EXPECT_EQ(chain->GetFullMessage().size(), 2 * kLength + WString(u"root\nbig").size());
+  });
 }

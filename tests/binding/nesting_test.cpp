@@ -63,3 +63,31 @@ TEST(Nesting, HasASettableLimit) {
   EXPECT_THROW(bag->FromXml(Nested(3).c_str(), context), CTovikException);
   bag->FromXml(Nested(2).c_str(), context);  // the failure left no level behind
 }
+
+// A failure travels up without a copy of its whole chain at each level.
+TEST(Nesting, CopiesTheCauseOfAFailureOnce) {
+  struct Counted : CTovikException {
+    explicit Counted(int& copies) : CTovikException(u"no access"), m_copies(copies) {}
+    CTovikException* Clone() const override {
+      ++m_copies;
+      return new Counted(*this);
+    }
+    int& m_copies;
+  };
+  struct Failing : Bag {
+    using Bag::Bag;
+    void AccessProperty(int property, bool read, TovikVariant& value) override {
+      if (++m_calls == 100) throw Counted(m_copies);
+      Bag::AccessProperty(property, read, value);
+    }
+    int m_calls = 0;
+    int m_copies = 0;
+  };
+  const CSmartPtr<Failing> bag(new Failing(Recursive()));
+  bag->Value(0).SetXmlObject(bag);
+  const WString outcome =
+      Outcome([&] { bag->ToXml(false, false, EOL_LF, CSerializationContext()); });
+  EXPECT_TRUE(outcome.ends_with(u"[root].\nno access"));
+  EXPECT_EQ(bag->m_copies, 1);
+  bag->Value(0).Clear();
+}

@@ -21,9 +21,13 @@ CSerializationContext ContextThatIgnores(const WString& what) {
   return context;
 }
 
+WString ValuesOf(Bag& bag);
+
 WString Held(const TovikVariant& value) {
   if (value.GetXmlCollection()) return u"#" + NumberText(value.GetXmlCollection()->GetCount());
-  if (value.GetXmlObject()) return u"*";
+  const CSmartPtr<CXmlObjectBase> object = value.GetXmlObject();
+  if (auto* bag = dynamic_cast<Bag*>(object.Get())) return u"(" + ValuesOf(*bag) + u")";
+  if (auto* foreign = dynamic_cast<CElement*>(object.Get())) return u":" + foreign->GetName();
   if (value.IsNil()) return u"nil";
   return value.IsValid() ? value.ToString(nullptr) : u"";
 }
@@ -65,8 +69,11 @@ TEST(ReadSequence, TakesRecordsInTableOrder) {
   ExpectReads(shape, "sequence");
 }
 
-TEST(ReadSequence, GoesOnWithItsLastCollectionBehindUnknownElements) {
-  Shape shape(xgt_Sequence);
+TEST(ReadSequence, GoesOnWithItsLastCollectionBehindUnknownElementsAndWithNoMandatoryRecord) {
+  Shape shape(xgt_Sequence), wildcard(xgt_Sequence);
+  wildcard.Add(new CElementInfoSeqUntpdMnd(u"AnyElement", u"", 0, u"##any", u""))
+      .StartWith(0, [](TovikVariant& value) { value.SetXmlObject(new CElement(u"w")); });
+  ExpectReads(wildcard, "mandatory wildcard at the end");
   shape.Add(new CElementInfoSeqClsCol(u"item", u"", 0, xet_Element));
   shape.StartWithItems(0, u"item", Item(), 1, 3);
   ExpectReads(shape, "sequence that ends with a collection");
@@ -100,6 +107,18 @@ TEST(ReadChoice, DemandsAChildWhereNoneIsOptional) {
   ExpectReads(outer, "choice of a choice");
 }
 
+TEST(ReadChoice, AsksForTheMinimumOfItsCollectionWithoutAGuard) {
+  struct Failing : Bag {
+    using Bag::Bag;
+    using Bag::DoesElementContainOptionalElements;
+    void AccessProperty(int, bool, TovikVariant&) override { throw CTovikException(u"no access"); }
+  };
+  Shape shape(xgt_Choice);
+  shape.Add(new CElementInfoChoicePrimCol(u"a", u"", 0));
+  const CSmartPtr<Failing> bag(new Failing(shape));
+  EXPECT_EQ(Outcome([&] { bag->DoesElementContainOptionalElements(); }), u"!Exception no access");
+}
+
 TEST(ReadPseudo, HandsBackWhatItDoesNotTake) {
   for (const XmlElementType type : {xet_PseudoElement, xet_PseudoElementNoAttributes}) {
     Shape sequence(xgt_Sequence, type, u"s"), choice(xgt_Choice, type, u"c");
@@ -121,12 +140,17 @@ TEST(ReadPseudo, MayHaveToTakeSomething) {
   Shape sequence(xgt_Sequence, xet_PseudoElement, u"s");
   sequence.Add(Prim<CElementInfoSeqPrimOpt>(u"a", 0));
   for (const bool must : {true, false}) {
-    Shape shape(xgt_Sequence);
-    shape.Add(new CElementInfoSeqClsMnd(u"s", u"", 0, xet_PseudoElement, MakeBag, 0, must))
+    Shape shape(xgt_Sequence), last(xgt_Sequence);
+    const auto record = [must] {
+      return new CElementInfoSeqClsMnd(u"s", u"", 0, xet_PseudoElement, MakeBag, 0, must);
+    };
+    shape.Add(record())
         .Add(Prim<CElementInfoSeqPrimOpt>(u"z", 1))
         .StartWithObject(0, u"s", sequence);
     ExpectReads(shape, must ? "pseudo element that must take something"
                             : "pseudo element that may take nothing");
+    last.Add(record()).StartWithObject(0, u"s", sequence);
+    ExpectReads(last, "mandatory pseudo element at the end");
   }
 }
 

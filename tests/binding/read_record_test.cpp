@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <map>
 #include <memory>
 
@@ -37,6 +38,10 @@ CSmartPtr<CXmlObjectBase> Suitable(CXmlElement* element) {
   return MakeBag(pseudo ? Pseudo().Number() : open.Number(), u"a");
 }
 
+CSmartPtr<CXmlObjectBase> Suitable(int shapeNumber, const wchar* name) {
+  return MakeBag(shapeNumber, name);
+}
+
 const Shape& ShapeNamed(const WString& name) {
   return name == u"a" ? Leaf() : Pseudo();
 }
@@ -45,9 +50,10 @@ XmlElementType TypeNamed(const WString& name) {
   return name == u"a" ? xet_Element : xet_PseudoElement;
 }
 
+// Constructors take null, braces and overloaded functions for arguments.
 template <class Record>
 CElementInfo* Primitive(const WString&) {
-  return Prim<Record>(u"a", 0);
+  return new Record(u"a", NULL, 0, {}, it_string, NULL, CWhitespaceUtils::ws_collapse, {}, NULL);
 }
 
 template <class Record>
@@ -57,18 +63,18 @@ CElementInfo* Enumeration(const WString&) {
 
 template <class Record>
 CElementInfo* Object(const WString& name) {
-  return Cls<Record>(name.c_str(), 0, ShapeNamed(name), TypeNamed(name));
+  return new Record(name.c_str(), NULL, 0, TypeNamed(name), Suitable, ShapeNamed(name).Number());
 }
 
 CElementInfo* Mandatory(const WString& name) {
   if (name != u"p!") return Object<CElementInfoSeqClsMnd>(name);
-  return new CElementInfoSeqClsMnd(u"p", u"", 0, xet_PseudoElement, MakeBag, Pseudo().Number(),
+  return new CElementInfoSeqClsMnd(u"p", NULL, 0, xet_PseudoElement, Suitable, Pseudo().Number(),
                                    true);
 }
 
 template <class Record>
 CElementInfo* Abstract(const WString& name) {
-  return new Record(name.c_str(), u"", 0, TypeNamed(name), Suitable);
+  return new Record(name.c_str(), NULL, 0, TypeNamed(name), Suitable);
 }
 
 template <class Record>

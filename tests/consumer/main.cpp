@@ -27,9 +27,8 @@ class CGreeting : public CXmlGeneratedClass {
   }
   CParentElementInfo* GetClassInfo() const override { return &Info(); }
   CElementInfo** GetClassElementInfo() const override {
-    static CElementInfoSeqPrimMnd record(
-        u"text", u"", 0, false, it_string, nullptr, CWhitespaceUtils::ws_preserve,
-        CPrimitiveRestrictions(u"", -1, 40, u"", u"", u"", u"", -1, -1, -1), nullptr);
+    static CElementInfoSeqPrimMnd record(u"text", u"", 0, false, it_string, nullptr,
+                                         CWhitespaceUtils::ws_preserve, {}, nullptr);
     static CElementInfo* records[] = {&record, nullptr};
     return records;
   }
@@ -49,7 +48,10 @@ class CGreeting : public CXmlGeneratedClass {
 
 }  // namespace
 
-// What an application reaches beside its classes must be exported too.
+// What an application reaches beside its classes must be exported too. The name of the namespace is
+// the application's own.
+namespace detail {
+
 bool ValuesWork() {
   const CDecimal total = CDecimal(u"0.1") + CDecimal(u"0.2");
   const CDateTime date(2024, 2, 29);
@@ -66,8 +68,10 @@ bool ValuesWork() {
   return list->Item(0) == CDecimal(u"0.3") && date.ToString() == u"2024-02-29" &&
          aliases.DoesAliasExist(u"p") &&
          document.GetDocumentElement()->GetFirstElement()->GetXPath() == u"/a/b" &&
-         TovikVariant().IsValid() == false;
+         TovikVariant().IsValid() == false && 2u + total > 2 && CBigInteger(1) + 1 == 2;
 }
+
+}  // namespace detail
 
 // A class of exceptions must be the same one on both sides of a shared library.
 bool TextWorks() {
@@ -89,7 +93,7 @@ bool DatesWork() {
 
 int main() {
   SetGeneratorVersion(16, 1);
-  if (!ValuesWork() || !TextWorks() || !DatesWork()) return 1;
+  if (!detail::ValuesWork() || !TextWorks() || !DatesWork()) return 1;
   const CSerializationContext context;
   const CSmartPtr<CGreeting> greeting(new CGreeting);
   greeting->FromXml("<greeting><text>Hello</text></greeting>", context);

@@ -8,6 +8,7 @@
 
 #include "tests/support/data_rows.h"
 #include "tests/support/text.h"
+#include "tovikxml/values/decimal.h"
 
 using namespace TovikXmlLib16;
 using namespace TovikXmlTest;
@@ -23,6 +24,16 @@ WString RandomDigits(std::mt19937& random, std::size_t count) {
 // What zeros of either sign tell apart.
 bool IsBelowPositiveZero(const CBigInteger& value) {
   return value < CBigInteger();
+}
+
+template <class Number, class Integer>
+void ExpectMixes(Integer five) {
+  const Number seven(7), same(five);
+  EXPECT_EQ(five + (seven - five) * five - five * (five - seven) + seven, 32);
+  EXPECT_EQ(same / five + five / same, 2);
+  EXPECT_TRUE(same == five && five == same && seven != five && five != seven);
+  EXPECT_TRUE(five < seven && five <= seven && seven > five && seven >= five);
+  EXPECT_FALSE(seven < five || seven <= five || five > seven || five >= seven);
 }
 
 }  // namespace
@@ -119,6 +130,17 @@ TEST(BigInteger, ZeroKeepsTheSignItGot) {
     EXPECT_FALSE(IsBelowPositiveZero(value));
     EXPECT_EQ(value, negative);
   }
+}
+
+TEST(BigInteger, MixesWithBuiltInIntegersAsDecimalsDo) {
+  const auto expect = [](auto... fives) {
+    (ExpectMixes<CBigInteger>(fives), ...);
+    (ExpectMixes<CDecimal>(fives), ...);
+  };
+  expect(5, 5u, 5l, 5ul, 5ll, 5ull, short{5}, static_cast<unsigned char>(5));
+  EXPECT_EQ(CBigInteger(7) % 5u + 5 % CBigInteger(7), 7);
+  EXPECT_EQ(CDecimal(~0u).ToString(), u"4294967295");
+  EXPECT_EQ(CDecimal(~0ull).ToString(), u"18446744073709551615");
 }
 
 TEST(BigInteger, OnlyTheUnaryMinusChangesItsObject) {

@@ -29,6 +29,9 @@ CTovikException::CTovikException(WString message) : m_message(std::move(message)
 CTovikException::CTovikException(WString message, const CTovikException& inner)
     : m_message(std::move(message)), m_inner(inner.Clone()) {}
 
+CTovikException::CTovikException(WString message, CTovikException&& inner)
+    : m_message(std::move(message)), m_inner(TakeOver(inner)) {}
+
 CTovikException::CTovikException(WString message, WString path)
     : m_message(WithPath(std::move(message), path)), m_path(std::move(path)) {}
 
@@ -36,6 +39,11 @@ CTovikException::CTovikException(WString message, WString path, const CTovikExce
     : m_message(WithPath(std::move(message), path)),
       m_path(std::move(path)),
       m_inner(inner.Clone()) {}
+
+CTovikException::CTovikException(WString message, WString path, CTovikException&& inner)
+    : m_message(WithPath(std::move(message), path)),
+      m_path(std::move(path)),
+      m_inner(TakeOver(inner)) {}
 
 CTovikException::CTovikException(const CTovikException& other)
     : std::exception(other),
@@ -56,7 +64,10 @@ CTovikException& CTovikException::operator=(const CTovikException& other) {
   return *this;
 }
 
-CTovikException::~CTovikException() = default;
+// One after the other, since a chain can be longer than the stack is deep.
+CTovikException::~CTovikException() {
+  while (m_inner) m_inner = std::move(m_inner->m_inner);
+}
 
 WString CTovikException::GetFullMessage() const {
   WString text = m_message;
@@ -85,12 +96,25 @@ std::unique_ptr<CTovikException> CTovikException::CloneInner() const {
   return std::unique_ptr<CTovikException>(m_inner ? m_inner->Clone() : nullptr);
 }
 
+// A clone of the source alone, which gets the source's cause.
+std::unique_ptr<CTovikException> CTovikException::TakeOver(CTovikException& source) {
+  auto cause = std::move(source.m_inner);
+  std::unique_ptr<CTovikException> clone(source.Clone());
+  clone->m_inner = std::move(cause);
+  source.m_what.clear();
+  return clone;
+}
+
 CTovikValidationException::CTovikValidationException(WString message, WString path)
     : CTovikException(std::move(message), std::move(path)) {}
 
 CTovikValidationException::CTovikValidationException(WString message, WString path,
                                                      const CTovikException& inner)
     : CTovikException(std::move(message), std::move(path), inner) {}
+
+CTovikValidationException::CTovikValidationException(WString message, WString path,
+                                                     CTovikException&& inner)
+    : CTovikException(std::move(message), std::move(path), std::move(inner)) {}
 
 CTovikValidationException::CTovikValidationException(const CTovikException& other)
     : CTovikException(other) {}

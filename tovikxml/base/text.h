@@ -30,6 +30,10 @@ inline std::size_t FindUnit(WStringView text, wchar unit) {
   return at;
 }
 
+constexpr bool IsAsciiDigit(wchar unit) {
+  return unit >= u'0' && unit <= u'9';
+}
+
 inline wchar ToAsciiUpper(wchar unit) {
   return unit >= u'a' && unit <= u'z' ? static_cast<wchar>(unit - u'a' + u'A') : unit;
 }

@@ -17,9 +17,30 @@
 namespace TovikXmlLib16Data {
 namespace {
 
+// The guards of a property: what it throws becomes the cause of an exception that names it.
+
 [[noreturn]] void ThrowGetFailure(const WString& name, const CTovikException& cause) {
   throw CTovikValidationException(
       FormatString(u"Failed to get the property value for [%s].", name.c_str()), WString(), cause);
+}
+
+template <class Access>
+inline void GuardGet(const WString& name, Access access) {
+  try {
+    access();
+  } catch (const CTovikException& e) {
+    ThrowGetFailure(name, e);
+  }
+}
+
+// `message` gives the text, and `node` the path.
+template <class Access, class Message, class Node>
+inline void GuardSet(Access access, Message message, const Node& node) {
+  try {
+    access();
+  } catch (const CTovikException& e) {
+    throw CTovikValidationException(message(), node.GetXPath(), e);
+  }
 }
 
 bool NamesMatch(const CSerializationContext& context, const WString& name, const WString& uri,
@@ -88,6 +109,12 @@ void CElementInfo::PseudoChildAttributeToXml(const CSerializationContext& /*cont
                                              const CXmlGeneratedClass* /*owner*/,
                                              CXmlWriter* /*writer*/) const {}
 
+bool CElementInfo::ValidateMnd(bool seen, bool parentIsElement) const {
+  if (seen || !parentIsElement) return seen;
+  throw CTovikValidationException(
+      FormatString(u"Failed to find the mandatory element [%s].", m_name.c_str()), WString());
+}
+
 bool CElementInfo::IsThisElement(const CSerializationContext& context,
                                  const CXmlElement* element) const {
   return element && NamesMatch(context, m_name, m_namespace, element->GetLocalName(),
@@ -95,11 +122,7 @@ bool CElementInfo::IsThisElement(const CSerializationContext& context,
 }
 
 void CElementInfo::InvokePropertyGet(CXmlGeneratedClass* owner, TovikVariant& value) const {
-  try {
-    owner->AccessProperty(m_propertyIndex, true, value);
-  } catch (CTovikException& e) {
-    ThrowGetFailure(m_name, e);
-  }
+  GuardGet(m_name, [&] { owner->AccessProperty(m_propertyIndex, true, value); });
 }
 
 void CElementInfo::ReadProperty(const CXmlGeneratedClass* owner, TovikVariant& value) const {
@@ -108,11 +131,8 @@ void CElementInfo::ReadProperty(const CXmlGeneratedClass* owner, TovikVariant& v
 
 void CElementInfo::InvokePropertySet(CXmlGeneratedClass* owner, TovikVariant& value,
                                      const CXmlElement& element) const {
-  try {
-    owner->AccessProperty(m_propertyIndex, false, value);
-  } catch (CTovikException& e) {
-    throw CTovikValidationException(u"Failed to set the property value.", element.GetXPath(), e);
-  }
+  GuardSet([&] { owner->AccessProperty(m_propertyIndex, false, value); },
+           [] { return WString(u"Failed to set the property value."); }, element);
 }
 
 void CElementInfo::CheckRestriction(const TovikVariant& value) const {
@@ -186,6 +206,12 @@ void CElementInfo::ItemAttributesToXml(const CSerializationContext& context,
   AttributesToXml_Int(ReadCollection(owner)->GetBase(), writer, context);
 }
 
+TovikVariant CElementInfo::AccessProperty(const CXmlGeneratedClass* owner) const {
+  TovikVariant value;
+  owner->ReadProperty(m_propertyIndex, value);
+  return value;
+}
+
 CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* owner) const {
   TovikVariant value;
   ReadProperty(owner, value);
@@ -195,6 +221,10 @@ CSmartPtr<CXmlObjectBase> CElementInfo::ReadObject(const CXmlGeneratedClass* own
 CSmartPtr<CXmlCollectionBase> CElementInfo::ReadCollection(const CXmlGeneratedClass* owner) const {
   TovikVariant value;
   ReadProperty(owner, value);
+  return CollectionOf(value);
+}
+
+CSmartPtr<CXmlCollectionBase> CElementInfo::CollectionOf(const TovikVariant& value) const {
   CSmartPtr<CXmlCollectionBase> collection = value.GetXmlCollection();
   RequirePresent(collection.Get() != nullptr);
   return collection;
@@ -330,11 +360,7 @@ bool CAttributeInfo::IsThisAttribute(const CSerializationContext& context,
 }
 
 void CAttributeInfo::InvokePropertyGet(CXmlGeneratedClass* owner, TovikVariant& value) const {
-  try {
-    owner->AccessProperty(m_propertyIndex, true, value);
-  } catch (CTovikException& e) {
-    ThrowGetFailure(m_name, e);
-  }
+  GuardGet(m_name, [&] { owner->AccessProperty(m_propertyIndex, true, value); });
 }
 
 void CAttributeInfo::ReadProperty(const CXmlGeneratedClass* owner, TovikVariant& value) const {
@@ -343,13 +369,12 @@ void CAttributeInfo::ReadProperty(const CXmlGeneratedClass* owner, TovikVariant&
 
 void CAttributeInfo::InvokePropertySet(CXmlGeneratedClass* owner, TovikVariant& value,
                                        const CXmlAttribute& attribute) const {
-  try {
-    owner->AccessProperty(m_propertyIndex, false, value);
-  } catch (CTovikException& e) {
-    throw CTovikValidationException(
-        FormatString(u"Failed to set the property value [%s].", attribute.GetValue().c_str()),
-        attribute.GetXPath(), e);
-  }
+  GuardSet([&] { owner->AccessProperty(m_propertyIndex, false, value); },
+           [&] {
+             return FormatString(u"Failed to set the property value [%s].",
+                                 attribute.GetValue().c_str());
+           },
+           attribute);
 }
 
 void CAttributeInfo::TestNamespace(const WString& namespaceUri, const WString& allowed,

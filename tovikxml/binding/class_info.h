@@ -162,10 +162,13 @@ class TOVIKXML_EXPORT CElementInfo {
   void ElementFromXmlEnum(const CSerializationContext& context, CXmlGeneratedClass* owner,
                           CXmlElement** child) const;
 
+  /// What the property holds, without the guard of `ReadProperty`.
+  TovikVariant AccessProperty(const CXmlGeneratedClass* owner) const;
   /// The object of the property; null if it has none.
   CSmartPtr<CXmlObjectBase> ReadObject(const CXmlGeneratedClass* owner) const;
   /// The collection of the property. Throws as `RequirePresent` if it has none.
   CSmartPtr<CXmlCollectionBase> ReadCollection(const CXmlGeneratedClass* owner) const;
+  CSmartPtr<CXmlCollectionBase> CollectionOf(const TovikVariant& value) const;
   /// Throws `CTovikInvalidParamException` "The Property [%s] is mandatory, it may not be NULL".
   void RequirePresent(bool present) const;
   /// Checks the collection's count, unless the context ignores counts, and writes it.
@@ -193,15 +196,18 @@ class TOVIKXML_EXPORT CElementInfo {
   /// this record's name and the namespace of the first.
   CXmlElement* UntpdColFromXml(const CSerializationContext& context, CXmlCollectionBase* collection,
                                CXmlElement* parent, CXmlElement* child) const;
-  /// For wildcard records, which alone look at the default namespace given to `ElementFromXml`.
-  void UseDefaultNamespace() { m_usesDefaultNamespace = true; }
-  /// For the records that throw where their element is missing.
-  void MarkMandatory() { m_isMandatory = true; }
-  /// For the optional records of a choice, one of which makes an empty choice legal.
-  void MarkOptionalInChoice() { m_isOptionalInChoice = true; }
+  /// The body of `Validate` of mandatory records.
+  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
   friend class TovikXmlLib16::CXmlGeneratedClass;
+
+  /// Whether the element must be there, once.
+  virtual bool IsMandatory() const { return false; }
+  /// Whether the record lets the choice in which it stands be empty.
+  virtual bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* /*owner*/) const { return false; }
+  /// Whether `ElementFromXml` looks at the default namespace that it is given.
+  virtual bool UsesDefaultNamespace() const { return false; }
 
   void WriteElement(CXmlWriter* writer, const WString& text, ItemType itemType) const;
   void WriteNil(CXmlWriter* writer) const;
@@ -218,9 +224,6 @@ class TOVIKXML_EXPORT CElementInfo {
   CWhitespaceUtils::WhitespaceRule m_whitespaceRule = CWhitespaceUtils::ws_none;
   bool m_nillable = false;
   bool m_isPrimitive = false;
-  bool m_usesDefaultNamespace = false;
-  bool m_isMandatory = false;
-  bool m_isOptionalInChoice = false;
   WString m_formatOverride;
   WString m_defaultValue;
   EnumToText m_enumToText = nullptr;

@@ -22,14 +22,9 @@ namespace {
   ThrowMissing(u"Failed to find the required child element [%s].", record, parent.GetXPath());
 }
 
-bool SeenOrThrow(const CElementInfo& record, bool seen) {
-  if (!seen) ThrowMissing(u"Failed to find the mandatory element [%s].", record, WString());
-  return true;
-}
-
 // Brings the cursor of a mandatory record in a real element to its element. False if the element
 // is missing and may be.
-bool FindRequired(const CElementInfo& record, const detail::Reading& reading) {
+bool FindRequired(const CElementInfo& record, const tovikxml_detail::Reading& reading) {
   CXmlElement*& child = *reading.child;
   while (!record.IsThisElement(reading.context, child)) {
     if (reading.context.GetIgnoreMissingMandatoryElements()) return false;
@@ -43,28 +38,28 @@ bool FindRequired(const CElementInfo& record, const detail::Reading& reading) {
 
 }  // namespace
 
-namespace detail {
+namespace tovikxml_detail {
 
 PrimKind::PrimKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
                    bool nillable, ItemType itemType, const wchar* formatOverride,
                    CWhitespaceUtils::WhitespaceRule whitespaceRule,
                    const CPrimitiveRestrictions& restrictions, const wchar* defaultValue)
-    : ValueKind(name, namespaceUri, propertyIndex, nillable, itemType, formatOverride,
-                whitespaceRule, restrictions, defaultValue) {}
+    : SimpleKind(name, namespaceUri, propertyIndex, nillable, itemType, formatOverride,
+                 whitespaceRule, restrictions, defaultValue) {}
 
 EnumKind::EnumKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
                    bool nillable, EnumToText enumToText, TextToEnum textToEnum,
                    const wchar* defaultValue)
-    : ValueKind(name, namespaceUri, propertyIndex, nillable, enumToText, textToEnum, defaultValue) {
-}
+    : SimpleKind(name, namespaceUri, propertyIndex, nillable, enumToText, textToEnum,
+                 defaultValue) {}
 
-bool ValueKind::Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
-                      CXmlWriter* writer, bool /*isOptionalChoice*/) const {
+bool SimpleKind::Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
+                       CXmlWriter* writer, bool /*isOptionalChoice*/) const {
   return IsPrimitive() ? ElementToXmlPrim(context, owner, writer)
                        : ElementToXmlEnum(context, owner, writer, GetEnumToText());
 }
 
-void ValueKind::ReadValue(const Reading& reading) const {
+void SimpleKind::ReadValue(const Reading& reading) const {
   if (IsPrimitive()) {
     ElementFromXmlPrim(reading.context, reading.owner, reading.child);
   } else {
@@ -72,13 +67,13 @@ void ValueKind::ReadValue(const Reading& reading) const {
   }
 }
 
-bool ValueKind::ReadIfMatching(const Reading& reading) const {
+bool SimpleKind::ReadIfMatching(const Reading& reading) const {
   if (!IsThisElement(reading.context, *reading.child)) return false;
   ReadValue(reading);
   return true;
 }
 
-bool ValueKind::ReadSeqMnd(const Reading& reading) const {
+bool SimpleKind::ReadSeqMnd(const Reading& reading) const {
   if (reading.IsInRealElement()) {
     if (FindRequired(*this, reading)) ReadValue(reading);
     return true;
@@ -91,13 +86,9 @@ bool ValueKind::ReadSeqMnd(const Reading& reading) const {
   return ReadIfMatching(reading);
 }
 
-bool ValueKind::ReadSeqOpt(const Reading& reading) const {
+bool SimpleKind::ReadSeqOpt(const Reading& reading) const {
   ReadIfMatching(reading);
   return true;
-}
-
-bool ValueKind::ValidateMnd(bool seen, bool parentIsElement) const {
-  return parentIsElement ? SeenOrThrow(*this, seen) : seen;
 }
 
 ObjectKind::ObjectKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
@@ -249,9 +240,9 @@ bool ClsKind::ReadChoiceOpt(const Reading& reading) const {
 // The object of a mandatory record exists from the start, so that a missing element of its own is
 // let through.
 bool ClsKind::ValidateMnd(bool seen, bool parentIsElement) const {
-  if (seen) return true;
-  if (!parentIsElement) return false;
-  return SeenOrThrow(*this, GetElementType() != xet_PseudoElement && !m_mustConsume);
+  const bool mayBeMissing =
+      parentIsElement && GetElementType() != xet_PseudoElement && !m_mustConsume;
+  return ObjectKind::ValidateMnd(seen || mayBeMissing, parentIsElement);
 }
 
 AbsClsKind::AbsClsKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
@@ -311,22 +302,11 @@ bool AbsClsKind::ReadChoiceOpt(const Reading& reading) const {
   return true;
 }
 
-bool AbsClsKind::ValidateMnd(bool seen, bool parentIsElement) const {
-  return parentIsElement ? SeenOrThrow(*this, seen) : seen;
-}
-
 UntpdKind::UntpdKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex,
                      const wchar* anyNamespaces, const wchar* targetNamespace)
-    : CElementInfo(name, namespaceUri, propertyIndex),
+    : ObjectKind(name, namespaceUri, propertyIndex, xet_Element),
       m_anyNamespaces(ViewOf(anyNamespaces)),
-      m_targetNamespace(ViewOf(targetNamespace)) {
-  UseDefaultNamespace();
-}
-
-bool UntpdKind::Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
-                      CXmlWriter* writer, bool /*isOptionalChoice*/) const {
-  return ElementToXmlCls(context, owner, writer, false);
-}
+      m_targetNamespace(ViewOf(targetNamespace)) {}
 
 CSmartPtr<CXmlObjectBase> UntpdKind::Make(const Reading& reading) const {
   const WString uri = GetAnyDefaultNamespace(m_anyNamespaces.c_str(), reading.defaultNamespace,
@@ -339,12 +319,6 @@ CXmlElement* UntpdKind::Read(CXmlObjectBase* object, const Reading& reading) con
   CXmlElement* child = *reading.child;
   if (!IsAnyElement() && !EqualText(GetElementName(), child->GetLocalName())) return child;
   return FromXml_Int(object, reading.parent, child, reading.context, false);
-}
-
-void UntpdKind::Store(CXmlObjectBase* object, const Reading& reading) const {
-  TovikVariant value;
-  value.SetXmlObject(object);
-  InvokePropertySet(reading.owner, value, *reading.parent);
 }
 
 bool UntpdKind::ReadOptional(const Reading& reading) const {
@@ -397,21 +371,21 @@ bool UntpdKind::ReadChoiceOpt(const Reading& reading) const {
   return moved;
 }
 
-bool UntpdKind::ValidateMnd(bool seen, bool parentIsElement) const {
-  return parentIsElement ? SeenOrThrow(*this, seen) : seen;
-}
+}  // namespace tovikxml_detail
 
-}  // namespace detail
+CElementInfoCol::CElementInfoCol(const wchar* name, const wchar* namespaceUri,
+                                 std::int32_t propertyIndex)
+    : CElementInfo(name, namespaceUri, propertyIndex) {}
 
-CXmlElement* CElementInfoSeqCol::ReadItems(const CSerializationContext& context,
-                                           CXmlCollectionBase* collection, CXmlElement* parent,
-                                           CXmlElement* child) const {
+CXmlElement* CElementInfoCol::ReadItems(const CSerializationContext& context,
+                                        CXmlCollectionBase* collection, CXmlElement* parent,
+                                        CXmlElement* child) const {
   return FromXml_Int(collection, parent, child, context, false);
 }
 
 CElementInfoSeqCol::CElementInfoSeqCol(const wchar* name, const wchar* namespaceUri,
                                        std::int32_t propertyIndex)
-    : CElementInfo(name, namespaceUri, propertyIndex) {}
+    : CElementInfoCol(name, namespaceUri, propertyIndex) {}
 
 bool CElementInfoSeqCol::ElementToXml(const CSerializationContext& context,
                                       const CXmlGeneratedClass* owner, CXmlWriter* writer) const {
@@ -431,7 +405,7 @@ bool CElementInfoSeqCol::ElementFromXml(const CSerializationContext& context,
 
 CElementInfoAllCol::CElementInfoAllCol(const wchar* name, const wchar* namespaceUri,
                                        std::int32_t propertyIndex)
-    : CElementInfo(name, namespaceUri, propertyIndex) {}
+    : CElementInfoCol(name, namespaceUri, propertyIndex) {}
 
 bool CElementInfoAllCol::ElementToXml(const CSerializationContext& context,
                                       const CXmlGeneratedClass* owner, CXmlWriter* writer) const {
@@ -443,19 +417,13 @@ bool CElementInfoAllCol::ElementFromXml(const CSerializationContext& context,
                                         CXmlGeneratedClass* owner, CXmlElement* parent,
                                         CXmlElement** child, const wchar* /*defaultNamespace*/,
                                         XmlElementType /*parentType*/) {
-  *child = FromXml_Int(ReadCollection(owner), parent, *child, context, false);
+  *child = ReadItems(context, ReadCollection(owner), parent, *child);
   return false;
-}
-
-CXmlElement* CElementInfoChoiceCol::ReadItems(const CSerializationContext& context,
-                                              CXmlCollectionBase* collection, CXmlElement* parent,
-                                              CXmlElement* child) const {
-  return FromXml_Int(collection, parent, child, context, false);
 }
 
 CElementInfoChoiceCol::CElementInfoChoiceCol(const wchar* name, const wchar* namespaceUri,
                                              std::int32_t propertyIndex)
-    : CElementInfo(name, namespaceUri, propertyIndex) {}
+    : CElementInfoCol(name, namespaceUri, propertyIndex) {}
 
 bool CElementInfoChoiceCol::ElementToXml(const CSerializationContext& context,
                                          const CXmlGeneratedClass* owner,
@@ -478,6 +446,10 @@ bool CElementInfoChoiceCol::ElementFromXml(const CSerializationContext& context,
   *child = next;
   collection->ValidateCount(context);
   return true;
+}
+
+bool CElementInfoChoiceCol::MayLeaveChoiceEmpty(const CXmlGeneratedClass* owner) const {
+  return CollectionOf(AccessProperty(owner))->GetMinOccurs() == 0;
 }
 
 CElementInfoAllEnumCol::CElementInfoAllEnumCol(const wchar* name, const wchar* namespaceUri,

@@ -28,7 +28,7 @@ using ClassFactory = CSmartPtr<CXmlObjectBase> (*)(int factoryArgument, const wc
 /// Chooses and makes an object by looking at the element; null if none suits.
 using AbstractClassFactory = CSmartPtr<CXmlObjectBase> (*)(CXmlElement* element);
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// One attempt to read a record: the arguments of `ElementFromXml`.
 struct Reading {
@@ -45,7 +45,8 @@ struct Reading {
 // The kinds: what a record of one occurrence holds, how it writes its property (`Write` tells
 // whether there was something to write), and how it reads in each place.
 
-class TOVIKXML_EXPORT ValueKind : public CElementInfo {
+/// A value that is written as text.
+class TOVIKXML_EXPORT SimpleKind : public CElementInfo {
  protected:
   using CElementInfo::CElementInfo;
   bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -55,14 +56,14 @@ class TOVIKXML_EXPORT ValueKind : public CElementInfo {
   bool ReadAllMnd(const Reading& reading) const { return ReadIfMatching(reading); }
   bool ReadAllOpt(const Reading& reading) const { return ReadIfMatching(reading); }
   bool ReadChoiceOpt(const Reading& reading) const { return ReadIfMatching(reading); }
-  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
   bool ReadIfMatching(const Reading& reading) const;
   void ReadValue(const Reading& reading) const;
 };
 
-class TOVIKXML_EXPORT PrimKind : public ValueKind {
+/// A primitive value. `defaultValue` and `formatOverride` may be null.
+class TOVIKXML_EXPORT PrimKind : public SimpleKind {
  public:
   PrimKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
            ItemType itemType, const wchar* formatOverride,
@@ -70,7 +71,8 @@ class TOVIKXML_EXPORT PrimKind : public ValueKind {
            const CPrimitiveRestrictions& restrictions, const wchar* defaultValue);
 };
 
-class TOVIKXML_EXPORT EnumKind : public ValueKind {
+/// An enumeration, which a property holds as a number.
+class TOVIKXML_EXPORT EnumKind : public SimpleKind {
  public:
   EnumKind(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex, bool nillable,
            EnumToText enumToText, TextToEnum textToEnum, const wchar* defaultValue);
@@ -101,6 +103,7 @@ class TOVIKXML_EXPORT ObjectKind : public CElementInfo {
   XmlElementType m_elementType;
 };
 
+/// An object of one known class.
 class TOVIKXML_EXPORT ClsKind : public ObjectKind {
  public:
   /// `mustConsume`: a pseudo element with mandatory content, whose reading must move the cursor.
@@ -128,6 +131,7 @@ class TOVIKXML_EXPORT ClsKind : public ObjectKind {
   bool m_mustConsume;
 };
 
+/// An object whose class is chosen by looking at the element.
 class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
  public:
   /// `unused` is there for generated code and is not read.
@@ -140,7 +144,6 @@ class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
   bool ReadAllMnd(const Reading& reading) const { return ReadAll(reading); }
   bool ReadAllOpt(const Reading& reading) const { return ReadAll(reading); }
   bool ReadChoiceOpt(const Reading& reading) const;
-  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
   /// The object for the element at the cursor; null if it does not match or none suits.
@@ -151,7 +154,8 @@ class TOVIKXML_EXPORT AbsClsKind : public ObjectKind {
   AbstractClassFactory m_factory;
 };
 
-class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
+/// A wildcard: an object of open content, which has tags of its own.
+class TOVIKXML_EXPORT UntpdKind : public ObjectKind {
  public:
   /// `anyNamespaces` is the wildcard's `namespace` attribute. The name "AnyElement" takes any local
   /// name.
@@ -159,23 +163,20 @@ class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
             const wchar* anyNamespaces, const wchar* targetNamespace);
 
  protected:
-  bool Write(const CSerializationContext& context, const CXmlGeneratedClass* owner,
-             CXmlWriter* writer, bool isOptionalChoice) const;
   bool ReadSeqMnd(const Reading& reading) const;
   bool ReadSeqOpt(const Reading& reading) const;
   bool ReadAllMnd(const Reading& reading) const;
   bool ReadAllOpt(const Reading& reading) const { return ReadOptional(reading); }
   bool ReadChoiceOpt(const Reading& reading) const;
-  bool ValidateMnd(bool seen, bool parentIsElement) const;
 
  private:
+  bool UsesDefaultNamespace() const final { return true; }
   CSmartPtr<CXmlObjectBase> Make(const Reading& reading) const;
   /// Lets the object read the element at the cursor, if its name suits; gives the cursor behind
   /// what it took.
   CXmlElement* Read(CXmlObjectBase* object, const Reading& reading) const;
   bool ReadOptional(const Reading& reading) const;
   bool ReadMandatory(const Reading& reading) const;
-  void Store(CXmlObjectBase* object, const Reading& reading) const;
 
   WString m_anyNamespaces;
   WString m_targetNamespace;
@@ -183,20 +184,22 @@ class TOVIKXML_EXPORT UntpdKind : public CElementInfo {
 
 // Group and occurrence, joined with a kind.
 
+/// What must be there once.
 template <class Kind>
 class MndRecord : public Kind {
  public:
-  template <class... Arguments>
-  explicit MndRecord(Arguments... arguments) : Kind(arguments...) {
-    this->MarkMandatory();
-  }
+  using Kind::Kind;
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
                     CXmlWriter* writer) const override {
     this->RequirePresent(Kind::Write(context, owner, writer, false));
     return true;
   }
+
+ private:
+  bool IsMandatory() const final { return true; }
 };
 
+/// What may be there once.
 template <class Kind>
 class OptRecord : public Kind {
  public:
@@ -207,6 +210,7 @@ class OptRecord : public Kind {
   }
 };
 
+/// A mandatory record of a sequence.
 template <class Kind>
 class SeqMnd : public MndRecord<Kind> {
  public:
@@ -218,6 +222,7 @@ class SeqMnd : public MndRecord<Kind> {
   }
 };
 
+/// An optional record of a sequence.
 template <class Kind>
 class SeqOpt : public OptRecord<Kind> {
  public:
@@ -229,6 +234,7 @@ class SeqOpt : public OptRecord<Kind> {
   }
 };
 
+/// A mandatory record of an all group.
 template <class Kind>
 class AllMnd : public MndRecord<Kind> {
  public:
@@ -244,6 +250,7 @@ class AllMnd : public MndRecord<Kind> {
   }
 };
 
+/// An optional record of an all group.
 template <class Kind>
 class AllOpt : public OptRecord<Kind> {
  public:
@@ -259,13 +266,11 @@ class AllOpt : public OptRecord<Kind> {
   }
 };
 
+/// A record of a choice.
 template <class Kind>
 class ChoiceOpt : public Kind {
  public:
-  template <class... Arguments>
-  explicit ChoiceOpt(Arguments... arguments) : Kind(arguments...) {
-    this->MarkOptionalInChoice();
-  }
+  using Kind::Kind;
   /// An empty choice inside an optional object of a known class is let through.
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
                     CXmlWriter* writer) const override {
@@ -276,13 +281,26 @@ class ChoiceOpt : public Kind {
                       XmlElementType parentType) override {
     return Kind::ReadChoiceOpt({context, owner, parent, child, defaultNamespace, parentType});
   }
+
+ private:
+  bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* /*owner*/) const final { return true; }
 };
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
-/// Base of the repeated records of a sequence. The property of a repeated record is a collection
-/// that exists from the start and knows its limits.
-class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
+/// Base of the repeated records. The property of a repeated record is a collection that exists from
+/// the start and knows its limits.
+class TOVIKXML_EXPORT CElementInfoCol : public CElementInfo {
+ protected:
+  CElementInfoCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
+  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
+  virtual CXmlElement* ReadItems(const CSerializationContext& context,
+                                 CXmlCollectionBase* collection, CXmlElement* parent,
+                                 CXmlElement* child) const;
+};
+
+/// Base of the repeated records of a sequence.
+class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfoCol {
  public:
   CElementInfoSeqCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -290,16 +308,10 @@ class TOVIKXML_EXPORT CElementInfoSeqCol : public CElementInfo {
   bool ElementFromXml(const CSerializationContext& context, CXmlGeneratedClass* owner,
                       CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
                       XmlElementType parentType) override;
-
- protected:
-  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
-  virtual CXmlElement* ReadItems(const CSerializationContext& context,
-                                 CXmlCollectionBase* collection, CXmlElement* parent,
-                                 CXmlElement* child) const;
 };
 
 /// Base of the repeated records of an all group.
-class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
+class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfoCol {
  public:
   CElementInfoAllCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -310,7 +322,7 @@ class TOVIKXML_EXPORT CElementInfoAllCol : public CElementInfo {
 };
 
 /// Base of the repeated records of a choice.
-class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
+class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfoCol {
  public:
   CElementInfoChoiceCol(const wchar* name, const wchar* namespaceUri, std::int32_t propertyIndex);
   bool ElementToXml(const CSerializationContext& context, const CXmlGeneratedClass* owner,
@@ -319,14 +331,11 @@ class TOVIKXML_EXPORT CElementInfoChoiceCol : public CElementInfo {
                       CXmlElement* parent, CXmlElement** child, const wchar* defaultNamespace,
                       XmlElementType parentType) override;
 
- protected:
-  /// Lets the collection take its items from the cursor on; gives the cursor behind them.
-  virtual CXmlElement* ReadItems(const CSerializationContext& context,
-                                 CXmlCollectionBase* collection, CXmlElement* parent,
-                                 CXmlElement* child) const;
+ private:
+  bool MayLeaveChoiceEmpty(const CXmlGeneratedClass* owner) const final;
 };
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// A repeated object: the attributes of pseudo items go on the enclosing element.
 template <class GroupCol>
@@ -358,49 +367,49 @@ class UntpdCol : public GroupCol {
   }
 };
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 // clang-format off
-class TOVIKXML_EXPORT CElementInfoSeqPrimMnd       final : public detail::SeqMnd<detail::PrimKind>      { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqEnumMnd       final : public detail::SeqMnd<detail::EnumKind>      { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqClsMnd        final : public detail::SeqMnd<detail::ClsKind>       { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqAbsClsMnd     final : public detail::SeqMnd<detail::AbsClsKind>    { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdMnd      final : public detail::SeqMnd<detail::UntpdKind>     { using SeqMnd::SeqMnd; };
-class TOVIKXML_EXPORT CElementInfoSeqPrimOpt       final : public detail::SeqOpt<detail::PrimKind>      { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqEnumOpt       final : public detail::SeqOpt<detail::EnumKind>      { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqClsOpt        final : public detail::SeqOpt<detail::ClsKind>       { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqAbsClsOpt     final : public detail::SeqOpt<detail::AbsClsKind>    { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdOpt      final : public detail::SeqOpt<detail::UntpdKind>     { using SeqOpt::SeqOpt; };
-class TOVIKXML_EXPORT CElementInfoAllPrimMnd       final : public detail::AllMnd<detail::PrimKind>      { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllEnumMnd       final : public detail::AllMnd<detail::EnumKind>      { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllClsMnd        final : public detail::AllMnd<detail::ClsKind>       { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllAbsClsMnd     final : public detail::AllMnd<detail::AbsClsKind>    { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllUntpdMnd      final : public detail::AllMnd<detail::UntpdKind>     { using AllMnd::AllMnd; };
-class TOVIKXML_EXPORT CElementInfoAllPrimOpt       final : public detail::AllOpt<detail::PrimKind>      { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllEnumOpt       final : public detail::AllOpt<detail::EnumKind>      { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllClsOpt        final : public detail::AllOpt<detail::ClsKind>       { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllAbsClsOpt     final : public detail::AllOpt<detail::AbsClsKind>    { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoAllUntpdOpt      final : public detail::AllOpt<detail::UntpdKind>     { using AllOpt::AllOpt; };
-class TOVIKXML_EXPORT CElementInfoChoicePrimOpt    final : public detail::ChoiceOpt<detail::PrimKind>   { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceEnumOpt    final : public detail::ChoiceOpt<detail::EnumKind>   { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceClsOpt     final : public detail::ChoiceOpt<detail::ClsKind>    { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceAbsClsOpt  final : public detail::ChoiceOpt<detail::AbsClsKind> { using ChoiceOpt::ChoiceOpt; };
-class TOVIKXML_EXPORT CElementInfoChoiceUntpdOpt   final : public detail::ChoiceOpt<detail::UntpdKind>  { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqPrimMnd       final : public tovikxml_detail::SeqMnd<tovikxml_detail::PrimKind>      { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumMnd       final : public tovikxml_detail::SeqMnd<tovikxml_detail::EnumKind>      { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqClsMnd        final : public tovikxml_detail::SeqMnd<tovikxml_detail::ClsKind>       { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsMnd     final : public tovikxml_detail::SeqMnd<tovikxml_detail::AbsClsKind>    { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdMnd      final : public tovikxml_detail::SeqMnd<tovikxml_detail::UntpdKind>     { using SeqMnd::SeqMnd; };
+class TOVIKXML_EXPORT CElementInfoSeqPrimOpt       final : public tovikxml_detail::SeqOpt<tovikxml_detail::PrimKind>      { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqEnumOpt       final : public tovikxml_detail::SeqOpt<tovikxml_detail::EnumKind>      { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqClsOpt        final : public tovikxml_detail::SeqOpt<tovikxml_detail::ClsKind>       { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsOpt     final : public tovikxml_detail::SeqOpt<tovikxml_detail::AbsClsKind>    { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdOpt      final : public tovikxml_detail::SeqOpt<tovikxml_detail::UntpdKind>     { using SeqOpt::SeqOpt; };
+class TOVIKXML_EXPORT CElementInfoAllPrimMnd       final : public tovikxml_detail::AllMnd<tovikxml_detail::PrimKind>      { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllEnumMnd       final : public tovikxml_detail::AllMnd<tovikxml_detail::EnumKind>      { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllClsMnd        final : public tovikxml_detail::AllMnd<tovikxml_detail::ClsKind>       { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsMnd     final : public tovikxml_detail::AllMnd<tovikxml_detail::AbsClsKind>    { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdMnd      final : public tovikxml_detail::AllMnd<tovikxml_detail::UntpdKind>     { using AllMnd::AllMnd; };
+class TOVIKXML_EXPORT CElementInfoAllPrimOpt       final : public tovikxml_detail::AllOpt<tovikxml_detail::PrimKind>      { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllEnumOpt       final : public tovikxml_detail::AllOpt<tovikxml_detail::EnumKind>      { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllClsOpt        final : public tovikxml_detail::AllOpt<tovikxml_detail::ClsKind>       { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsOpt     final : public tovikxml_detail::AllOpt<tovikxml_detail::AbsClsKind>    { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoAllUntpdOpt      final : public tovikxml_detail::AllOpt<tovikxml_detail::UntpdKind>     { using AllOpt::AllOpt; };
+class TOVIKXML_EXPORT CElementInfoChoicePrimOpt    final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::PrimKind>   { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceEnumOpt    final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::EnumKind>   { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceClsOpt     final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::ClsKind>    { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceAbsClsOpt  final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::AbsClsKind> { using ChoiceOpt::ChoiceOpt; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdOpt   final : public tovikxml_detail::ChoiceOpt<tovikxml_detail::UntpdKind>  { using ChoiceOpt::ChoiceOpt; };
 
 class TOVIKXML_EXPORT CElementInfoSeqPrimCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
 class TOVIKXML_EXPORT CElementInfoSeqEnumCol       final : public CElementInfoSeqCol                    { using CElementInfoSeqCol::CElementInfoSeqCol; };
-class TOVIKXML_EXPORT CElementInfoSeqClsCol        final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoSeqAbsClsCol     final : public detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public detail::UntpdCol<CElementInfoSeqCol>  { using UntpdCol::UntpdCol; };
+class TOVIKXML_EXPORT CElementInfoSeqClsCol        final : public tovikxml_detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoSeqAbsClsCol     final : public tovikxml_detail::ObjectCol<CElementInfoSeqCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoSeqUntpdCol      final : public tovikxml_detail::UntpdCol<CElementInfoSeqCol>  { using UntpdCol::UntpdCol; };
 class TOVIKXML_EXPORT CElementInfoAllPrimCol       final : public CElementInfoAllCol                    { using CElementInfoAllCol::CElementInfoAllCol; };
-class TOVIKXML_EXPORT CElementInfoAllClsCol        final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoAllAbsClsCol     final : public detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoAllClsCol        final : public tovikxml_detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoAllAbsClsCol     final : public tovikxml_detail::ObjectCol<CElementInfoAllCol> { using ObjectCol::ObjectCol; };
 class TOVIKXML_EXPORT CElementInfoAllUntpdCol      final : public CElementInfoAllCol                       { using CElementInfoAllCol::CElementInfoAllCol; };
 class TOVIKXML_EXPORT CElementInfoChoicePrimCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
 class TOVIKXML_EXPORT CElementInfoChoiceEnumCol    final : public CElementInfoChoiceCol                 { using CElementInfoChoiceCol::CElementInfoChoiceCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceClsCol     final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceAbsClsCol  final : public detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
-class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public detail::UntpdCol<CElementInfoChoiceCol> { using UntpdCol::UntpdCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceClsCol     final : public tovikxml_detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceAbsClsCol  final : public tovikxml_detail::ObjectCol<CElementInfoChoiceCol> { using ObjectCol::ObjectCol; };
+class TOVIKXML_EXPORT CElementInfoChoiceUntpdCol   final : public tovikxml_detail::UntpdCol<CElementInfoChoiceCol> { using UntpdCol::UntpdCol; };
 // clang-format on
 
 /// A repeated enumeration in an all group has no body and cannot be made.

@@ -1,8 +1,5 @@
 #include "tovikxml/binding/generated_class.h"
 
-#include "tovikxml/base/exception.h"
-#include "tovikxml/binding/element_info.h"
-#include "tovikxml/collections/collection_base.h"
 #include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/variant.h"
 
@@ -50,11 +47,7 @@ bool CXmlGeneratedClass::IsElementInList(const CSerializationContext& context,
 
 bool CXmlGeneratedClass::DoesElementContainOptionalElements() const {
   for (CElementInfo** record = GetClassElementInfo(); *record; ++record) {
-    if ((*record)->m_isOptionalInChoice) return true;
-    if (dynamic_cast<TovikXmlLib16Data::CElementInfoChoiceCol*>(*record) &&
-        (*record)->ReadCollection(this)->GetMinOccurs() == 0) {
-      return true;
-    }
+    if ((*record)->MayLeaveChoiceEmpty(this)) return true;
   }
   return false;
 }

@@ -153,7 +153,7 @@ void CXmlGeneratedClass::ProcessAttributesFromXml(const CSerializationContext& c
 bool CXmlGeneratedClass::ReadRecord(CElementInfo* record, const CSerializationContext& context,
                                     CXmlElement* parent, CXmlElement** child,
                                     XmlElementType elementType) {
-  if (!record->m_usesDefaultNamespace) {
+  if (!record->UsesDefaultNamespace()) {
     return record->ElementFromXml(context, this, parent, child, u"", elementType);
   }
   return record->ElementFromXml(context, this, parent, child, GetNamespace().c_str(), elementType);
@@ -166,25 +166,22 @@ CXmlElement* CXmlGeneratedClass::ProcessElementSeqFromXml(const CSerializationCo
   CXmlElement* const start = child;
   std::size_t index = 0;
   std::size_t last = 0;
-  bool isTrailing = false;
   for (;;) {
     for (; records[index]; ++index) {
       last = index;
-      // A mandatory record that has found its element must not miss it in what trails.
-      const XmlElementType type =
-          isTrailing && records[index]->m_isMandatory ? xet_PseudoElement : elementType;
-      while (!ReadRecord(records[index], context, parent, &child, type)) {
+      while (!ReadRecord(records[index], context, parent, &child, elementType)) {
         if (!context.GetIgnoreUnknownElements() || !child) return start;
         child = child->GetNextSiblingElement();
       }
     }
     if (elementType != xet_Element || !child) return child;
     if (!context.GetIgnoreUnknownElements()) ThrowLeftOver(*parent, *child);
+    // An unknown element among the items of a final collection does not end that collection, while
+    // a mandatory record has all that it takes.
+    if (index > last && records[last]->IsMandatory()) return nullptr;
     child = child->GetNextSiblingElement();
     if (!child) return nullptr;
-    // An unknown element among the items of a final collection does not end that collection.
     index = last;
-    isTrailing = true;
   }
 }
 

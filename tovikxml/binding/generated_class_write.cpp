@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
@@ -37,7 +39,7 @@ void CXmlGeneratedClass::ToXml_Int(CXmlWriter* writer, bool isRoot, const wchar*
   } catch (CTovikException& e) {
     throw CTovikValidationException(
         FormatString(u"Failed to convert the element [%s] to XML", m_elementName.c_str()),
-        WString(), e);
+        WString(), std::move(e));
   }
 }
 
@@ -119,7 +121,7 @@ void CXmlGeneratedClass::AttributesToXml_Int(CXmlWriter* writer,
     }
     ProcessAttributesToXml(context, GetClassElementInfo(), GetClassAttributeInfo(), writer);
   } catch (CTovikException& e) {
-    throw CTovikException(u"Failed to convert attributes to XML", e);
+    throw CTovikException(u"Failed to convert attributes to XML", std::move(e));
   }
 }
 

@@ -43,7 +43,7 @@ class ItemWriter {
 
 }  // namespace
 
-namespace detail {
+namespace tovikxml_detail {
 
 template <class T>
 void ValueList<T>::Erase(int index) {
@@ -135,7 +135,7 @@ void ValueCol<kind, T>::ToXml_Int(CXmlWriter* writer, bool /*isRoot*/,
   }
 }
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 CdatetimeBaseCol::CdatetimeBaseCol(ItemType itemType, const wchar* elementName,
                                    const wchar* namespaceUri, int minOccurs, int maxOccurs,
@@ -189,7 +189,7 @@ void CdatetimeBaseCol::ToXml_Int(CXmlWriter* writer, bool /*isRoot*/, const wcha
   for (const CDateTime& value : *this) items.Write(ItemToString(value), it_datetime);
 }
 
-namespace detail {
+namespace tovikxml_detail {
 
 template <ItemType kind, CDateTime::DTType type>
 DateCol<kind, type>::DateCol(const wchar* elementName, const wchar* namespaceUri, int minOccurs,
@@ -251,6 +251,6 @@ template class DateCol<it_time, CDateTime::dt_time>;
 template class DateCol<it_yearMonth, CDateTime::dt_gYearMonth>;
 template class DateCol<it_monthDay, CDateTime::dt_gMonthDay>;
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 }  // namespace TovikXmlLib16

@@ -38,7 +38,7 @@
 /// Item pointers that listeners are given point to the value and hold for the event only.
 namespace TovikXmlLib16 {
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// Values in order. Removing the first takes constant time on average, as clearing a list one by
 /// one needs: it leaves a gap in front, which is closed when it is as long as the rest.
@@ -110,13 +110,13 @@ class TOVIKXML_EXPORT ValueCol : public CXmlTypeCollection, public CInstanceMoni
   ValueList<T> m_values;
 };
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 /// What the lists of dates and times share; they differ in the type that all values must have.
 class TOVIKXML_EXPORT CdatetimeBaseCol : public CXmlTypeCollection {
  public:
-  using iterator = detail::ValueList<CDateTime>::iterator;
-  using const_iterator = detail::ValueList<CDateTime>::const_iterator;
+  using iterator = tovikxml_detail::ValueList<CDateTime>::iterator;
+  using const_iterator = tovikxml_detail::ValueList<CDateTime>::const_iterator;
 
   int GetCount() const override;
   void Clear() override;
@@ -149,10 +149,10 @@ class TOVIKXML_EXPORT CdatetimeBaseCol : public CXmlTypeCollection {
                  const CSerializationContext& context, bool isOptionalChoice) const override;
 
  private:
-  detail::ValueList<CDateTime> m_values;
+  tovikxml_detail::ValueList<CDateTime> m_values;
 };
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// The list for a kind whose values are dates or times of one type.
 template <ItemType kind, CDateTime::DTType type>
@@ -171,34 +171,34 @@ class TOVIKXML_EXPORT DateCol : public CdatetimeBaseCol, public CInstanceMonitor
   WString ItemToString(const CDateTime& value) const override;
 };
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 // clang-format off
-class TOVIKXML_EXPORT ChexBinaryCol    : public detail::ValueCol<it_hexBinary,    CBinaryData>   { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cbase64BinaryCol : public detail::ValueCol<it_base64Binary, CBinaryData>   { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Ci1Col           : public detail::ValueCol<it_i1,           std::int8_t>   { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Ci2Col           : public detail::ValueCol<it_i2,           std::int16_t>  { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Ci4Col           : public detail::ValueCol<it_i4,           std::int32_t>  { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Ci8Col           : public detail::ValueCol<it_i8,           std::int64_t>  { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cui1Col          : public detail::ValueCol<it_ui1,          std::uint8_t>  { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cui2Col          : public detail::ValueCol<it_ui2,          std::uint16_t> { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cui4Col          : public detail::ValueCol<it_ui4,          std::uint32_t> { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cui8Col          : public detail::ValueCol<it_ui8,          std::uint64_t> { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cr4Col           : public detail::ValueCol<it_r4,           float>         { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT Cr8Col           : public detail::ValueCol<it_r8,           double>        { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CdurationCol     : public detail::ValueCol<it_duration,     CDateTimeSpan> { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CyearCol         : public detail::ValueCol<it_year,         std::uint16_t> { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CmonthCol        : public detail::ValueCol<it_month,        std::uint8_t>  { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CdayCol          : public detail::ValueCol<it_day,          std::uint8_t>  { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CstringCol       : public detail::ValueCol<it_string,       WString>       { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CbooleanCol      : public detail::ValueCol<it_boolean,      bool>          { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CdecimalCol      : public detail::ValueCol<it_decimal,      CDecimal>      { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CintegerCol      : public detail::ValueCol<it_integer,      CBigInteger>   { public: using ValueCol::ValueCol; };
-class TOVIKXML_EXPORT CdateCol         : public detail::DateCol<it_date,      CDateTime::dt_date>       { public: using DateCol::DateCol; };
-class TOVIKXML_EXPORT CdatetimeCol     : public detail::DateCol<it_datetime,  CDateTime::dt_dateTime>   { public: using DateCol::DateCol; };
-class TOVIKXML_EXPORT CtimeCol         : public detail::DateCol<it_time,      CDateTime::dt_time>       { public: using DateCol::DateCol; };
-class TOVIKXML_EXPORT CyearMonthCol    : public detail::DateCol<it_yearMonth, CDateTime::dt_gYearMonth> { public: using DateCol::DateCol; };
-class TOVIKXML_EXPORT CmonthDayCol     : public detail::DateCol<it_monthDay,  CDateTime::dt_gMonthDay>  { public: using DateCol::DateCol; };
+class TOVIKXML_EXPORT ChexBinaryCol    : public tovikxml_detail::ValueCol<it_hexBinary,    CBinaryData>   { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cbase64BinaryCol : public tovikxml_detail::ValueCol<it_base64Binary, CBinaryData>   { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Ci1Col           : public tovikxml_detail::ValueCol<it_i1,           std::int8_t>   { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Ci2Col           : public tovikxml_detail::ValueCol<it_i2,           std::int16_t>  { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Ci4Col           : public tovikxml_detail::ValueCol<it_i4,           std::int32_t>  { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Ci8Col           : public tovikxml_detail::ValueCol<it_i8,           std::int64_t>  { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cui1Col          : public tovikxml_detail::ValueCol<it_ui1,          std::uint8_t>  { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cui2Col          : public tovikxml_detail::ValueCol<it_ui2,          std::uint16_t> { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cui4Col          : public tovikxml_detail::ValueCol<it_ui4,          std::uint32_t> { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cui8Col          : public tovikxml_detail::ValueCol<it_ui8,          std::uint64_t> { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cr4Col           : public tovikxml_detail::ValueCol<it_r4,           float>         { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT Cr8Col           : public tovikxml_detail::ValueCol<it_r8,           double>        { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CdurationCol     : public tovikxml_detail::ValueCol<it_duration,     CDateTimeSpan> { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CyearCol         : public tovikxml_detail::ValueCol<it_year,         std::uint16_t> { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CmonthCol        : public tovikxml_detail::ValueCol<it_month,        std::uint8_t>  { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CdayCol          : public tovikxml_detail::ValueCol<it_day,          std::uint8_t>  { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CstringCol       : public tovikxml_detail::ValueCol<it_string,       WString>       { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CbooleanCol      : public tovikxml_detail::ValueCol<it_boolean,      bool>          { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CdecimalCol      : public tovikxml_detail::ValueCol<it_decimal,      CDecimal>      { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CintegerCol      : public tovikxml_detail::ValueCol<it_integer,      CBigInteger>   { public: using ValueCol::ValueCol; };
+class TOVIKXML_EXPORT CdateCol         : public tovikxml_detail::DateCol<it_date,      CDateTime::dt_date>       { public: using DateCol::DateCol; };
+class TOVIKXML_EXPORT CdatetimeCol     : public tovikxml_detail::DateCol<it_datetime,  CDateTime::dt_dateTime>   { public: using DateCol::DateCol; };
+class TOVIKXML_EXPORT CtimeCol         : public tovikxml_detail::DateCol<it_time,      CDateTime::dt_time>       { public: using DateCol::DateCol; };
+class TOVIKXML_EXPORT CyearMonthCol    : public tovikxml_detail::DateCol<it_yearMonth, CDateTime::dt_gYearMonth> { public: using DateCol::DateCol; };
+class TOVIKXML_EXPORT CmonthDayCol     : public tovikxml_detail::DateCol<it_monthDay,  CDateTime::dt_gMonthDay>  { public: using DateCol::DateCol; };
 // clang-format on
 
 }  // namespace TovikXmlLib16

@@ -9,6 +9,7 @@
 #include "tovikxml/base/utf8_bytes.h"
 #include "tovikxml/document/utf_conversion.h"
 #include "tovikxml/fastinfoset/algorithm_codes.h"
+#include "tovikxml/values/base64.h"
 #include "tovikxml/values/conversions.h"
 
 namespace TovikXmlLib16 {
@@ -135,8 +136,7 @@ void AppendDecoded(WString& out, unsigned long algorithm, const unsigned char* d
   if (algorithm == kHexadecimal) {
     out.append(CBinaryData::GetAsHexString(data, length));
   } else if (algorithm == kBase64) {
-    const CBinaryData bytes(const_cast<unsigned char*>(data), length, false);
-    out.append(bytes.GetAsBase64());
+    out.append(CBase64::Encode(data, length));
   } else if (algorithm == kBoolean) {
     AppendBooleans(out, data, length, maxLength);
   } else {

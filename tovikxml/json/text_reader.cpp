@@ -2,18 +2,15 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
 #include "tovikxml/values/whitespace.h"
 
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr bool IsDigit(wchar unit) {
-  return unit >= u'0' && unit <= u'9';
-}
-
 // The value of a hexadecimal digit, -1 for any other unit.
 constexpr int HexValue(wchar unit) {
-  if (IsDigit(unit)) return unit - u'0';
+  if (IsAsciiDigit(unit)) return unit - u'0';
   if (unit >= u'a' && unit <= u'f') return unit - u'a' + 10;
   if (unit >= u'A' && unit <= u'F') return unit - u'A' + 10;
   return -1;
@@ -259,7 +256,7 @@ void CJsonTextReader::ReadValue(int depth) {
       ReadLiteral(u"alse", u"false");
       return m_handler.BooleanValue(false);
     default:
-      if (!IsDigit(m_current) && m_current != u'-') {
+      if (!IsAsciiDigit(m_current) && m_current != u'-') {
         FailFound(u"Expected Value '{', '[', '\"', '0-9', '-', 'true', 'false' or 'null'");
       }
       return m_handler.NumberValue(ReadNumber());
@@ -377,7 +374,7 @@ const WString& CJsonTextReader::ReadNumber() {
 bool CJsonTextReader::AppendIntegerPart() {
   if (m_current == u'-') AppendAndNeedNext(kNoNumber);
   if (m_current != u'0') {
-    if (!IsDigit(m_current)) FailFound(kNotADigit);
+    if (!IsAsciiDigit(m_current)) FailFound(kNotADigit);
     return AppendDigits();
   }
   m_text += m_current;
@@ -387,7 +384,7 @@ bool CJsonTextReader::AppendIntegerPart() {
 bool CJsonTextReader::AppendFraction() {
   if (m_current != u'.') return true;
   AppendAndNeedNext(kNoDigit);
-  if (!IsDigit(m_current)) FailFound(kNotADigit);
+  if (!IsAsciiDigit(m_current)) FailFound(kNotADigit);
   return AppendDigits();
 }
 
@@ -396,7 +393,7 @@ void CJsonTextReader::AppendExponent() {
   AppendAndNeedNext(u"Unexpected End of File. Expected '+', '-' or a number");
   if (m_current == u'+' || m_current == u'-') AppendAndNeedNext(kNoNumber);
   // These words stand also for a unit that is present.
-  if (!IsDigit(m_current)) Fail(kNoDigit);
+  if (!IsAsciiDigit(m_current)) Fail(kNoDigit);
   AppendDigits();
 }
 
@@ -404,7 +401,7 @@ bool CJsonTextReader::AppendDigits() {
   do {
     m_text += m_current;
     if (!NextUnit()) return false;
-  } while (IsDigit(m_current));
+  } while (IsAsciiDigit(m_current));
   return true;
 }
 

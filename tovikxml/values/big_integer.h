@@ -8,6 +8,7 @@
 #include "tovikxml/base/export.h"
 #include "tovikxml/base/wide_string.h"
 #include "tovikxml/values/limb_array.h"
+#include "tovikxml/values/number_operators.h"
 
 namespace TovikXmlLib16 {
 
@@ -42,6 +43,7 @@ class TOVIKXML_EXPORT CBigInteger {
   CBigInteger() noexcept = default;
   CBigInteger(int value) : CBigInteger(static_cast<long long>(value)) {}
   CBigInteger(long value) : CBigInteger(static_cast<long long>(value)) {}
+  CBigInteger(unsigned int value) : CBigInteger(static_cast<unsigned long long>(value)) {}
   CBigInteger(unsigned long value) : CBigInteger(static_cast<unsigned long long>(value)) {}
   CBigInteger(long long value);
   CBigInteger(unsigned long long value);
@@ -87,7 +89,8 @@ class TOVIKXML_EXPORT CBigInteger {
 
   /// Division truncates toward zero, and a remainder has the sign of the dividend. A divisor of
   /// zero raises `CTovikInvalidValueException` "ERROR: Overflow in operator/.", and with the
-  /// operator's own name in the others: "operator%.", "operator /=.", "operator%=.".
+  /// operator's own name in the others: "operator%.", "operator /=.", "operator%=.". One operand
+  /// may be a built-in integer (number_operators.h).
   CBigInteger operator+(const CBigInteger& other) const;
   CBigInteger operator-(const CBigInteger& other) const;
   CBigInteger operator*(const CBigInteger& other) const;
@@ -115,7 +118,7 @@ class TOVIKXML_EXPORT CBigInteger {
  protected:
   /// A magnitude in limbs of base `kBase`, each of `kLimbDigits` decimal digits, without a zero
   /// limb at the high end. Zero is one zero limb or no limb.
-  using Digits = detail::LimbArray;
+  using Digits = tovikxml_detail::LimbArray;
   using Limb = Digits::Limb;
 
   static constexpr Limb kBase = 1000000000;

@@ -3,18 +3,15 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
 #include "tovikxml/values/big_integer.h"
 #include "tovikxml/values/decimal.h"
 
 namespace TovikXmlLib16 {
 namespace {
 
-bool IsDigit(wchar unit) {
-  return unit >= u'0' && unit <= u'9';
-}
-
 bool IsIntegerUnit(wchar unit) {
-  return IsDigit(unit) || unit == u'-' || unit == u'+' || unit == u' ' || unit == u'\n' ||
+  return IsAsciiDigit(unit) || unit == u'-' || unit == u'+' || unit == u' ' || unit == u'\n' ||
          unit == u'\r' || unit == u'\t';
 }
 
@@ -40,7 +37,7 @@ void CBigInteger::Parse(const wchar* text) {
 }
 
 void CBigInteger::BuildTail(WStringView text, Digits& digits) {
-  const auto end = std::find_if_not(text.rbegin(), text.rend(), IsDigit);
+  const auto end = std::find_if_not(text.rbegin(), text.rend(), IsAsciiDigit);
   const auto count = static_cast<std::size_t>(end - text.rbegin());
   BuildDigits(text.substr(text.size() - count), count, digits);
 }
@@ -55,7 +52,7 @@ void CBigInteger::BuildDigits(WStringView text, std::size_t count, Digits& digit
   // Forwards, since the count tells to which limb and place the first digit belongs.
   Limb limb = 0;
   for (const wchar unit : text) {
-    if (!IsDigit(unit)) continue;
+    if (!IsAsciiDigit(unit)) continue;
     limb = limb * 10 + static_cast<Limb>(unit - u'0');
     if (--count % kLimbDigits != 0) continue;
     built[count / kLimbDigits] = limb;

@@ -50,7 +50,7 @@ unsigned long ByteCount(WStringView text) {
 }
 
 unsigned HexDigit(wchar unit) {
-  if (unit >= u'0' && unit <= u'9') return static_cast<unsigned>(unit - u'0');
+  if (IsAsciiDigit(unit)) return static_cast<unsigned>(unit - u'0');
   const wchar upper = ToAsciiUpper(unit);
   if (upper >= u'A' && upper <= u'F') return static_cast<unsigned>(upper - u'A' + 10);
   throw CTovikException(FormatString(u"Invalid char in hex string [%c]", unit));

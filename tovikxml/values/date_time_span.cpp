@@ -5,6 +5,7 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
 #include "tovikxml/values/date_time_fields.h"
 #include "tovikxml/values/number_text.h"
 #include "tovikxml/values/second_fraction.h"
@@ -83,7 +84,7 @@ class CDateTimeSpan::Reader {
     constexpr std::uint64_t kMax = std::numeric_limits<std::uint64_t>::max();
     m_number = 0;
     m_tooLarge = false;
-    for (; m_at < m_text.size() && IsDecimalDigit(m_text[m_at]); ++m_at) {
+    for (; m_at < m_text.size() && IsAsciiDigit(m_text[m_at]); ++m_at) {
       const auto digit = static_cast<std::uint64_t>(m_text[m_at] - u'0');
       m_tooLarge = m_tooLarge || m_number > (kMax - digit) / 10;
       m_number = m_number * 10 + digit;

@@ -37,7 +37,7 @@ bool Fits(WStringView text, WStringView form) {
   if (text.size() != form.size()) return false;
   for (std::size_t i = 0; i < form.size(); ++i) {
     if (form[i] == u'?') continue;
-    if (form[i] == u'd' ? !IsDecimalDigit(text[i]) : text[i] != form[i]) return false;
+    if (form[i] == u'd' ? !IsAsciiDigit(text[i]) : text[i] != form[i]) return false;
   }
   return true;
 }

@@ -30,6 +30,9 @@ class TOVIKXML_EXPORT CDecimal {
   CDecimal(int value) : CDecimal(CBigInteger(value)) {}
   CDecimal(long value) : CDecimal(CBigInteger(value)) {}
   CDecimal(long long value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(unsigned int value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(unsigned long value) : CDecimal(CBigInteger(value)) {}
+  CDecimal(unsigned long long value) : CDecimal(CBigInteger(value)) {}
   CDecimal(const CBigInteger& value) : CDecimal(value, 0) {}
   /// The number rounded to thirteen decimal places. Throws `CTovikInvalidValueException` for a NaN
   /// and the infinities.
@@ -95,6 +98,7 @@ class TOVIKXML_EXPORT CDecimal {
   /// How many digits behind the point the fraction part stands for.
   int GetFractionDivider() const { return m_divider; }
 
+  /// One operand may be a built-in integer (number_operators.h).
   CDecimal operator+(const CDecimal& other) const;
   CDecimal operator-(const CDecimal& other) const;
   CDecimal operator*(const CDecimal& other) const;

@@ -4,14 +4,11 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
 #include "tovikxml/values/decimal.h"
 
 namespace TovikXmlLib16 {
 namespace {
-
-bool IsDigit(wchar unit) {
-  return unit >= u'0' && unit <= u'9';
-}
 
 bool IsSpace(wchar unit) {
   return unit == u' ' || unit == u'\t' || unit == u'\r' || unit == u'\n';
@@ -56,7 +53,7 @@ class DecimalScanner {
   void ScanInteger() {
     for (; m_at < m_text.size(); ++m_at) {
       const wchar unit = m_text[m_at];
-      if (IsDigit(unit)) {
+      if (IsAsciiDigit(unit)) {
         ++m_integerDigits;
       } else if (IsSign(unit)) {
         m_negative = unit == u'-';
@@ -69,8 +66,8 @@ class DecimalScanner {
   }
 
   void ScanFraction() {
-    for (++m_at; IsDigit(Peek()) || IsSpace(Peek()); ++m_at) {
-      if (IsDigit(Peek())) ++m_fractionDigits;
+    for (++m_at; IsAsciiDigit(Peek()) || IsSpace(Peek()); ++m_at) {
+      if (IsAsciiDigit(Peek())) ++m_fractionDigits;
     }
   }
 
@@ -78,7 +75,7 @@ class DecimalScanner {
     for (++m_at; IsSign(Peek()) || IsSpace(Peek()); ++m_at) {
       if (IsSign(Peek())) m_negativeExponent = Peek() == u'-';
     }
-    for (; IsDigit(Peek()); ++m_at) {
+    for (; IsAsciiDigit(Peek()); ++m_at) {
       m_exponentDigits = true;
       if (m_exponent <= CDecimal::kMaxExponent) m_exponent = m_exponent * 10 + (Peek() - u'0');
     }
@@ -123,7 +120,8 @@ void CDecimal::Parse(const wchar* text) {
   Finish();
 }
 
-// Multiplies or divides by 10 to the power of the exponent, as the operators do.
+// Multiplies or divides by 10 to the power of the exponent, as the operators do, which may leave
+// zeros at the end of what they round.
 void CDecimal::Scale(bool negativeExponent, int exponent) {
   if (negativeExponent) {
     const int surplus = m_divider + exponent - (m_maxDivider + 2);
@@ -133,6 +131,7 @@ void CDecimal::Scale(bool negativeExponent, int exponent) {
     CBigInteger::ShiftLeft(m_unscaled.m_digits, exponent);
   }
   if (IsZero()) m_unscaled.Abs();
+  Finish();
 }
 
 // All digits, with at least one before the point, which is not written.

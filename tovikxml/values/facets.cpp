@@ -66,31 +66,29 @@ template <> constexpr auto kGetter<CDateTime>     = &TovikVariant::GetDateTime;
 template <> constexpr auto kGetter<CDateTimeSpan> = &TovikVariant::GetDuration;
 // clang-format on
 
-constexpr bool HasChecks(ItemType kind) {
-  return kind > it_invalid && kind < it_xmlObject && kind != it_char;
-}
-
 template <ItemType kind>
 void CheckVariant(ValueKind<kind> /*row*/, const WString& name, const TovikVariant& value,
                   const CPrimitiveRestrictions& restrictions) {
-  if constexpr (HasChecks(kind)) {
-    const auto& getter = kGetter<typename ValueKind<kind>::Type>;
-    CheckFacets<kind>(name, (value.*getter)(), restrictions);
-  }
+  const auto& getter = kGetter<typename ValueKind<kind>::Type>;
+  CheckFacets<kind>(name, (value.*getter)(), restrictions);
+}
+
+void CheckVariant(ValueKind<it_char> /*row*/, const WString& /*name*/, const TovikVariant& value,
+                  const CPrimitiveRestrictions& /*restrictions*/) {
+  RefuseKind(value);
 }
 
 // Without a copy of the text.
 void CheckVariant(ValueKind<it_string> /*row*/, const WString& name, const TovikVariant& value,
                   const CPrimitiveRestrictions& restrictions) {
-  WString scratch;
-  const bool isText = value.GetTypeAsEnum() == it_string;
-  const WString& text = isText ? value.GetText(nullptr, scratch) : scratch = value.GetString();
-  CheckFacets<it_string>(name, text, restrictions);
+  if (value.GetTypeAsEnum() != it_string) value.GetString();  // which throws
+  WString unused;
+  CheckFacets<it_string>(name, value.GetText(nullptr, unused), restrictions);
 }
 
 }  // namespace
 
-namespace detail {
+namespace tovikxml_detail {
 
 bool LengthHolds(std::size_t length, const CPrimitiveRestrictions& restrictions) {
   const std::int32_t minimum = restrictions.GetMinLength();
@@ -135,14 +133,15 @@ void RefuseText(const WString& name, const WString& text) {
   throw CTovikException(FormatString(u"Invalid Value for %s [%s].", name.c_str(), text.c_str()));
 }
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 void CheckFacets(const WString& name, const TovikVariant& value, ItemType kind,
                  const CPrimitiveRestrictions& restrictions) {
-  if (!HasChecks(kind)) RefuseKind(value);
-  if (!restrictions.HasFacets()) return;
+  const bool hasChecks = kind > it_invalid && kind < it_xmlObject && kind != it_char;
+  if (hasChecks && !restrictions.HasFacets()) return;
   VisitValueKind<void>(
-      kind, [&](auto row) { CheckVariant(row, name, value, restrictions); }, [] {});
+      kind, [&](auto row) { CheckVariant(row, name, value, restrictions); },
+      [&] { RefuseKind(value); });
 }
 
 }  // namespace TovikXmlLib16

@@ -54,7 +54,7 @@ bool FormatCursor::CopyText(WString& out) {
 
 int FormatCursor::ReadNumber() {
   int number = 0;
-  for (int digits = 0; Peek() >= u'0' && Peek() <= u'9'; ++m_at) {
+  for (int digits = 0; IsAsciiDigit(Peek()); ++m_at) {
     if (++digits > kMaxFieldDigits) Refuse();
     number = number * 10 + (Peek() - u'0');
   }

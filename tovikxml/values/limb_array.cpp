@@ -5,7 +5,7 @@
 
 #include "tovikxml/base/exception.h"
 
-namespace TovikXmlLib16::detail {
+namespace TovikXmlLib16::tovikxml_detail {
 
 LimbArray& LimbArray::operator=(const LimbArray& other) {
   if (this != &other) Assign(other);
@@ -45,4 +45,4 @@ void LimbArray::Take(LimbArray& other) noexcept {
   if (!m_heap) std::copy_n(other.m_inline, m_size, m_inline);
 }
 
-}  // namespace TovikXmlLib16::detail
+}  // namespace TovikXmlLib16::tovikxml_detail

@@ -7,7 +7,7 @@
 
 #include "tovikxml/base/export.h"
 
-namespace TovikXmlLib16::detail {
+namespace TovikXmlLib16::tovikxml_detail {
 
 /// The storage of `CBigInteger`: a growable array of 32-bit limbs, the least significant one first.
 /// Up to `kInline` limbs, 54 decimal digits, need no memory of their own. A value; an array that
@@ -57,6 +57,6 @@ class TOVIKXML_EXPORT LimbArray {
   std::unique_ptr<Limb[]> m_heap;
 };
 
-}  // namespace TovikXmlLib16::detail
+}  // namespace TovikXmlLib16::tovikxml_detail
 
 #endif  // TOVIKXML_VALUES_LIMB_ARRAY_H_

@@ -4,16 +4,13 @@
 #include <cmath>
 #include <string>
 
+#include "tovikxml/base/text.h"
 #include "tovikxml/values/float_format.h"
 
 namespace TovikXmlLib16 {
 namespace {
 
 constexpr std::size_t kOrdinaryLength = 128;
-
-bool IsDigit(wchar unit) {
-  return unit >= u'0' && unit <= u'9';
-}
 
 bool IsCSpace(wchar unit) {
   return unit == u' ' || (unit >= u'\t' && unit <= u'\r');
@@ -42,7 +39,7 @@ class TextCursor {
   /// Number of digits passed.
   std::size_t SkipDigits() {
     const std::size_t begin = m_at;
-    while (IsDigit(Peek())) ++m_at;
+    while (IsAsciiDigit(Peek())) ++m_at;
     return m_at - begin;
   }
 
@@ -134,9 +131,9 @@ ScannedInteger ScanInteger(WStringView text) {
   TextCursor cursor(text);
   cursor.SkipSpace();
   scanned.negative = cursor.SkipSign();
-  if (!IsDigit(cursor.Peek())) cursor.MoveTo(0);
+  if (!IsAsciiDigit(cursor.Peek())) cursor.MoveTo(0);
   bool overflow = false;
-  for (; IsDigit(cursor.Peek()); cursor.Advance()) {
+  for (; IsAsciiDigit(cursor.Peek()); cursor.Advance()) {
     const auto digit = static_cast<std::uint64_t>(cursor.Peek() - u'0');
     overflow = overflow || scanned.magnitude > (kMax - digit) / 10;
     scanned.magnitude = scanned.magnitude * 10 + digit;

@@ -2,13 +2,15 @@
 
 #include <charconv>
 
+#include "tovikxml/base/text.h"
+
 namespace TovikXmlLib16 {
 
 bool ReadFraction(WStringView text, std::size_t& at, SecondFraction& fraction) {
   constexpr std::size_t kDigits = 9;
   constexpr unsigned kWeights[] = {100, 10, 1};
   std::uint16_t* const groups[] = {&fraction.milli, &fraction.micro, &fraction.nano};
-  for (std::size_t i = 0; at < text.size() && IsDecimalDigit(text[at]); ++i, ++at) {
+  for (std::size_t i = 0; at < text.size() && IsAsciiDigit(text[at]); ++i, ++at) {
     if (i == kDigits) return false;
     std::uint16_t& group = *groups[i / 3];
     group = static_cast<std::uint16_t>(group + kWeights[i % 3] * (text[at] - u'0'));

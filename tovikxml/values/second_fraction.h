@@ -6,13 +6,8 @@
 
 #include "tovikxml/base/wide_string.h"
 
-/// The fraction of a second in times and durations, and the digits that it shares with the other
-/// fields of their texts. Internal.
+/// The fraction of a second in times and durations. Internal.
 namespace TovikXmlLib16 {
-
-constexpr bool IsDecimalDigit(wchar unit) {
-  return unit >= u'0' && unit <= u'9';
-}
 
 /// The three groups of three digits behind the decimal point.
 struct SecondFraction {

@@ -25,7 +25,7 @@
 /// record are passed over.
 namespace TovikXmlLib16 {
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// How a value stands to a bound, as a set of one or no member. A NaN stands in none of these ways,
 /// so that no bound lets it pass; a date that cannot be ordered passes every bound.
@@ -124,7 +124,7 @@ template <ItemType kind>
   }
 }
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 /// Tests a value of a kind against the facets of its simple type. Throws `CTovikException` "Invalid
 /// Value for %s [%s]." with the name and the value; the point is missing and the value is written
@@ -135,7 +135,8 @@ template <ItemType kind>
 void CheckFacets(const WString& name, const typename ValueKind<kind>::Type& value,
                  const CPrimitiveRestrictions& restrictions) {
   if (!restrictions.HasFacets()) return;
-  if (!detail::FacetsHold<kind>(name, value, restrictions)) detail::Refuse<kind>(name, value);
+  if (!tovikxml_detail::FacetsHold<kind>(name, value, restrictions))
+    tovikxml_detail::Refuse<kind>(name, value);
 }
 
 }  // namespace TovikXmlLib16

@@ -29,7 +29,7 @@
 ///     FromText(text, rule)        reads the lexical form, with the exceptions of `CConversions`
 namespace TovikXmlLib16 {
 
-namespace detail {
+namespace tovikxml_detail {
 
 /// The name of a kind as a template argument.
 struct KindName {
@@ -96,78 +96,86 @@ struct DateKind : AnyKind<name, read> {
 template <ItemType>
 constexpr bool kRowExists = false;
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 template <ItemType kind>
 struct ValueKind {
-  static_assert(detail::kRowExists<kind>, "this kind of values has no row in value_kinds.h");
+  static_assert(tovikxml_detail::kRowExists<kind>,
+                "this kind of values has no row in value_kinds.h");
 };
 
 template <>
-struct ValueKind<it_hexBinary> : detail::PlainKind<u"hexBinary", &CConversions::hexBinaryFromString,
-                                                   &CConversions::hexBinaryToString> {};
+struct ValueKind<it_hexBinary>
+    : tovikxml_detail::PlainKind<u"hexBinary", &CConversions::hexBinaryFromString,
+                                 &CConversions::hexBinaryToString> {};
 template <>
 struct ValueKind<it_base64Binary>
-    : detail::PlainKind<u"base64Binary", &CConversions::base64BinaryFromString,
-                        &CConversions::base64BinaryToString> {};
+    : tovikxml_detail::PlainKind<u"base64Binary", &CConversions::base64BinaryFromString,
+                                 &CConversions::base64BinaryToString> {};
 template <>
-struct ValueKind<it_i1> : detail::IntegerKind<u"i1", &CConversions::i1FromString> {};
+struct ValueKind<it_i1> : tovikxml_detail::IntegerKind<u"i1", &CConversions::i1FromString> {};
 template <>
-struct ValueKind<it_i2> : detail::IntegerKind<u"i2", &CConversions::i2FromString> {};
+struct ValueKind<it_i2> : tovikxml_detail::IntegerKind<u"i2", &CConversions::i2FromString> {};
 template <>
-struct ValueKind<it_i4> : detail::IntegerKind<u"i4", &CConversions::i4FromString> {};
+struct ValueKind<it_i4> : tovikxml_detail::IntegerKind<u"i4", &CConversions::i4FromString> {};
 template <>
-struct ValueKind<it_i8> : detail::IntegerKind<u"i8", &CConversions::i8FromString> {};
+struct ValueKind<it_i8> : tovikxml_detail::IntegerKind<u"i8", &CConversions::i8FromString> {};
 template <>
-struct ValueKind<it_ui1> : detail::IntegerKind<u"ui1", &CConversions::ui1FromString> {};
+struct ValueKind<it_ui1> : tovikxml_detail::IntegerKind<u"ui1", &CConversions::ui1FromString> {};
 template <>
-struct ValueKind<it_ui2> : detail::IntegerKind<u"ui2", &CConversions::ui2FromString> {};
+struct ValueKind<it_ui2> : tovikxml_detail::IntegerKind<u"ui2", &CConversions::ui2FromString> {};
 template <>
-struct ValueKind<it_ui4> : detail::IntegerKind<u"ui4", &CConversions::ui4FromString> {};
+struct ValueKind<it_ui4> : tovikxml_detail::IntegerKind<u"ui4", &CConversions::ui4FromString> {};
 template <>
-struct ValueKind<it_ui8> : detail::IntegerKind<u"ui8", &CConversions::ui8FromString> {};
+struct ValueKind<it_ui8> : tovikxml_detail::IntegerKind<u"ui8", &CConversions::ui8FromString> {};
 template <>
-struct ValueKind<it_r4> : detail::RealKind<u"r4", &CConversions::r4FromString> {};
+struct ValueKind<it_r4> : tovikxml_detail::RealKind<u"r4", &CConversions::r4FromString> {};
 template <>
-struct ValueKind<it_r8> : detail::RealKind<u"r8", &CConversions::r8FromString> {};
+struct ValueKind<it_r8> : tovikxml_detail::RealKind<u"r8", &CConversions::r8FromString> {};
 template <>
-struct ValueKind<it_duration> : detail::DateKind<u"duration", &CConversions::durationFromString> {};
+struct ValueKind<it_duration>
+    : tovikxml_detail::DateKind<u"duration", &CConversions::durationFromString> {};
 template <>
 struct ValueKind<it_yearMonth>
-    : detail::DateKind<u"yearMonth", &CConversions::yearMonthFromString> {};
+    : tovikxml_detail::DateKind<u"yearMonth", &CConversions::yearMonthFromString> {};
 template <>
-struct ValueKind<it_monthDay> : detail::DateKind<u"monthDay", &CConversions::monthDayFromString> {};
+struct ValueKind<it_monthDay>
+    : tovikxml_detail::DateKind<u"monthDay", &CConversions::monthDayFromString> {};
 template <>
-struct ValueKind<it_year> : detail::IntegerKind<u"year", &CConversions::yearFromString> {};
+struct ValueKind<it_year> : tovikxml_detail::IntegerKind<u"year", &CConversions::yearFromString> {};
 template <>
-struct ValueKind<it_month>
-    : detail::PlainKind<u"month", &CConversions::monthFromString, &CConversions::monthToString> {};
+struct ValueKind<it_month> : tovikxml_detail::PlainKind<u"month", &CConversions::monthFromString,
+                                                        &CConversions::monthToString> {};
 template <>
 struct ValueKind<it_day>
-    : detail::PlainKind<u"day", &CConversions::dayFromString, &CConversions::dayToString> {};
-template <>
-struct ValueKind<it_date> : detail::DateKind<u"date", &CConversions::dateFromString> {};
-template <>
-struct ValueKind<it_datetime> : detail::DateKind<u"datetime", &CConversions::datetimeFromString> {};
-template <>
-struct ValueKind<it_time> : detail::DateKind<u"time", &CConversions::timeFromString> {};
-template <>
-struct ValueKind<it_char>
-    : detail::PlainKind<u"char", &CConversions::charFromString, &CConversions::charToString> {};
-template <>
-struct ValueKind<it_string>
-    : detail::PlainKind<u"string", &CConversions::stringFromString, &CConversions::stringToString> {
+    : tovikxml_detail::PlainKind<u"day", &CConversions::dayFromString, &CConversions::dayToString> {
 };
 template <>
-struct ValueKind<it_boolean> : detail::PlainKind<u"boolean", &CConversions::booleanFromString,
-                                                 &CConversions::booleanToString> {};
+struct ValueKind<it_date> : tovikxml_detail::DateKind<u"date", &CConversions::dateFromString> {};
 template <>
-struct ValueKind<it_decimal> : detail::DecimalKind<u"decimal", &CConversions::decimalFromString> {};
+struct ValueKind<it_datetime>
+    : tovikxml_detail::DateKind<u"datetime", &CConversions::datetimeFromString> {};
 template <>
-struct ValueKind<it_integer> : detail::PlainKind<u"integer", &CConversions::integerFromString,
-                                                 &CConversions::integerToString> {};
+struct ValueKind<it_time> : tovikxml_detail::DateKind<u"time", &CConversions::timeFromString> {};
+template <>
+struct ValueKind<it_char> : tovikxml_detail::PlainKind<u"char", &CConversions::charFromString,
+                                                       &CConversions::charToString> {};
+template <>
+struct ValueKind<it_string> : tovikxml_detail::PlainKind<u"string", &CConversions::stringFromString,
+                                                         &CConversions::stringToString> {};
+template <>
+struct ValueKind<it_boolean>
+    : tovikxml_detail::PlainKind<u"boolean", &CConversions::booleanFromString,
+                                 &CConversions::booleanToString> {};
+template <>
+struct ValueKind<it_decimal>
+    : tovikxml_detail::DecimalKind<u"decimal", &CConversions::decimalFromString> {};
+template <>
+struct ValueKind<it_integer>
+    : tovikxml_detail::PlainKind<u"integer", &CConversions::integerFromString,
+                                 &CConversions::integerToString> {};
 
-namespace detail {
+namespace tovikxml_detail {
 
 template <class Result, class Visit, ItemType kind>
 Result VisitRow(Visit& visit) {
@@ -183,12 +191,12 @@ constexpr auto MakeRowFunctions(std::index_sequence<offsets...>) {
       &VisitRow<Result, Visit, static_cast<ItemType>(it_invalid + 1 + offsets)>...};
 }
 
-}  // namespace detail
+}  // namespace tovikxml_detail
 
 /// Returns `visit(row)` with the `ValueKind` of a kind in the table, else `otherwise()`.
 template <class Result, class Visit, class Otherwise>
 Result VisitValueKind(ItemType kind, Visit&& visit, Otherwise&& otherwise) {
-  static constexpr auto kRows = detail::MakeRowFunctions<Result, Visit>(
+  static constexpr auto kRows = tovikxml_detail::MakeRowFunctions<Result, Visit>(
       std::make_index_sequence<it_xmlObject - it_invalid - 1>());
   const auto index = static_cast<std::size_t>(kind) - 1;
   return index < kRows.size() ? kRows[index](visit) : otherwise();

@@ -11,51 +11,11 @@
 namespace TovikXmlLib16 {
 namespace {
 
-// How a value class lies in the storage of a variant: in place if it fits and moves without
-// failing, else as a pointer to a copy on the heap.
-template <class T, std::size_t size>
-struct Slot {
-  static constexpr bool kInPlace =
-      sizeof(T) <= size && alignof(T) <= 8 && std::is_nothrow_move_constructible_v<T>;
-
-  template <class Value>
-  static void Make(unsigned char* storage, Value&& value) {
-    if constexpr (kInPlace) {
-      new (storage) T(std::forward<Value>(value));
-    } else {
-      T* const copy = new T(std::forward<Value>(value));
-      std::memcpy(storage, &copy, sizeof copy);
-    }
-  }
-
-  static T* Get(const unsigned char* storage) {
-    if constexpr (kInPlace) {
-      return std::launder(reinterpret_cast<T*>(const_cast<unsigned char*>(storage)));
-    } else {
-      T* held;
-      std::memcpy(&held, storage, sizeof held);
-      return held;
-    }
-  }
-
-  static void Destroy(unsigned char* storage) noexcept {
-    if constexpr (kInPlace) {
-      Get(storage)->~T();
-    } else {
-      delete Get(storage);
-    }
-  }
-
-  /// Leaves in `from` what may be forgotten.
-  static void Move(unsigned char* from, unsigned char* to) noexcept {
-    if constexpr (kInPlace) {
-      new (to) T(std::move(*Get(from)));
-      Destroy(from);
-    } else {
-      std::memcpy(to, from, sizeof(T*));
-    }
-  }
-};
+// The value of a class that lies in the storage of a variant.
+template <class T>
+T* ValueIn(const unsigned char* storage) {
+  return std::launder(reinterpret_cast<T*>(const_cast<unsigned char*>(storage)));
+}
 
 bool IsReference(ItemType type) {
   return type == it_xmlObject || type == it_xmlCollection;
@@ -76,14 +36,13 @@ const wchar* NameOf(ItemType type) {
 
 // Calls `visit(row)` for a kind whose value is owned; other kinds have nothing to visit.
 template <class Visit>
-bool VisitOwned(ItemType type, Visit&& visit) {
-  return VisitValueKind<bool>(
+void VisitOwned(ItemType type, Visit&& visit) {
+  VisitValueKind<void>(
       type,
       [&](auto row) {
         if constexpr (decltype(row)::kOwned) visit(row);
-        return decltype(row)::kOwned;
       },
-      [] { return false; });
+      [] {});
 }
 
 // Whether values of the kind are of the class `T`, as those of several kinds can be.
@@ -116,11 +75,11 @@ void TovikVariant::CopyOther(const TovikVariant& other) {
     std::memcpy(m_value, other.m_value, 8);
   } else if (IsReference(other.m_type)) {
     SetReference(other.m_type, other.Reference());
-  } else if (!VisitOwned(other.m_type, [&](auto row) {
-               using S = Slot<typename decltype(row)::Type, kStorage>;
-               S::Make(m_value, *S::Get(other.m_value));
-             })) {
-    throw CTovikException(u"Unknown Type");
+  } else {
+    VisitOwned(other.m_type, [&](auto row) {
+      using T = typename decltype(row)::Type;
+      new (m_value) T(*ValueIn<T>(other.m_value));
+    });
   }
   m_nil = other.m_nil;
   m_holds = other.m_holds;
@@ -133,7 +92,9 @@ void TovikVariant::MoveOther(TovikVariant& other) noexcept {
     std::memcpy(m_value, other.m_value, 8);
   } else {
     VisitOwned(m_type, [&](auto row) {
-      Slot<typename decltype(row)::Type, kStorage>::Move(other.m_value, m_value);
+      using T = typename decltype(row)::Type;
+      new (m_value) T(std::move(*ValueIn<T>(other.m_value)));
+      ValueIn<T>(other.m_value)->~T();
     });
   }
   other.m_holds = false;
@@ -145,15 +106,19 @@ void TovikVariant::ReleaseOther() noexcept {
     Reference()->Release();
   } else {
     VisitOwned(m_type, [this](auto row) {
-      Slot<typename decltype(row)::Type, kStorage>::Destroy(m_value);
+      using T = typename decltype(row)::Type;
+      ValueIn<T>(m_value)->~T();
     });
   }
 }
 
 template <class T>
 void TovikVariant::SetOwned(ItemType type, T&& value) {
+  using Value = std::decay_t<T>;
+  static_assert(sizeof(Value) <= kStorage && alignof(Value) <= 8 &&
+                std::is_nothrow_move_constructible_v<Value>);
   Clear();
-  Slot<std::decay_t<T>, kStorage>::Make(m_value, std::forward<T>(value));
+  new (m_value) Value(std::forward<T>(value));
   m_type = type;
   m_holds = true;
 }
@@ -164,7 +129,7 @@ const T& TovikVariant::Owned(ItemType type) const {
     throw CTovikInvalidStateException(
         FormatString(u"The variant holds no value of the type %s", NameOf(type)));
   }
-  return *Slot<T, kStorage>::Get(m_value);
+  return *ValueIn<T>(m_value);
 }
 
 void TovikVariant::SetHexBinary(const CBinaryData& value) {

@@ -176,8 +176,8 @@ struct TOVIKXML_EXPORT TovikVariant {
   bool m_nil = false;
   bool m_holds = false;  // whether the value needs to be destroyed or released
   ItemType m_type = it_invalid;
-  // A plain value, a text or a small value class in place, or a pointer. The first eight bytes
-  // always have a value.
+  // A plain value, a text or a value class in place, or the pointer of a reference. The first eight
+  // bytes always have a value.
   alignas(8) unsigned char m_value[kStorage];
 };
 
