@@ -1,12 +1,16 @@
 // Bytes of JSON to objects, in every mode. What was read whole must come out as JSON that reads
-// back to the same, if it reads back at all: a floating point NaN, for one, has no JSON.
+// back to the same, if it reads back at all: a floating point NaN, for one, has no JSON. The
+// transcoder must give the XML text that the reader gives, or nothing.
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <string_view>
 
 #include "examples/mime_database/generated/mime_info.h"
 #include "examples/orders/generated/order_list.h"
+#include "tovikxml/json/reader_to_xml_handler.h"
+#include "tovikxml/json/transcoder.h"
 #include "tovikxml/tovikxml.h"
 
 using namespace TovikXmlLib16;
@@ -28,6 +32,21 @@ void ReadAndBack(const std::uint8_t* data, std::size_t size, const CSerializatio
   }
 }
 
+void CompareRoads(const std::uint8_t* data, std::size_t size,
+                  const CSerializationContext& context) {
+  const std::string_view json(reinterpret_cast<const char*>(data), size);
+  const auto fast = CJsonTranscoder(context).Transcode(json);
+  if (!fast) return;
+  try {
+    const CBinaryData xml = ConvertJsonToXml(FromUtf8(json), context);
+    const auto* bytes = reinterpret_cast<const char*>(xml.GetData());
+    if (*fast == std::string_view(bytes, xml.GetLength())) return;
+  } catch (const CTovikException&) {
+    // what the reader refuses
+  }
+  std::abort();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -38,10 +57,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     context.GetJsonContext().GetAllowComments(mode != jrt_Full);
     context.SetIgnoreUnknownAttributes(mode == jrt_Bare);
     context.SetIgnoreUnknownElements(mode == jrt_Bare);
+    CompareRoads(data, size, context);
     ReadAndBack<Orders::COrderList>(data, size, context);
     ReadAndBack<MimeDatabase::CMimeInfo>(data, size, context);
     context.GetJsonContext().SetRootElementName(u"orders");
     ReadAndBack<Orders::COrderList>(data, size, context);
+    CompareRoads(data, size, context);
   }
   return 0;
 }

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <random>
+
 #include "tests/json/json_checker.h"
 #include "tests/support/data_rows.h"
 #include "tests/support/temp_dir.h"
@@ -7,6 +10,7 @@
 #include "tovikxml/document/byte_array.h"
 #include "tovikxml/document/compression.h"
 #include "tovikxml/json/reader_to_xml_handler.h"
+#include "tovikxml/json/transcoder.h"
 #include "tovikxml/tovikxml.h"
 
 using namespace TovikXmlLib16;
@@ -14,15 +18,35 @@ using namespace TovikXmlTest;
 
 namespace {
 
+// The transcoder gives what the reader gives, or nothing.
+std::string ConvertOnBothRoads(const WString& json, const CSerializationContext& context) {
+  const auto utf8 = EncodeUtf8(json);
+  const auto fast = utf8 ? CJsonTranscoder(context).Transcode(*utf8) : std::nullopt;
+  try {
+    const std::string xml = FromBytes(ConvertJsonToXml(json, context));
+    EXPECT_EQ(fast.value_or(xml), xml) << *utf8;
+    return xml;
+  } catch (const CTovikException&) {
+    EXPECT_FALSE(fast.has_value()) << *utf8;
+    throw;
+  }
+}
+
 // The XML text without its declaration.
 WString Convert(const WString& json, JsonRoundTrip mode, const wchar* root) {
   CSerializationContext context;
   context.GetJsonContext().SetSupportRoundtrip(mode);
   context.GetJsonContext().SetRootElementName(root);
   const std::string declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
-  const std::string xml = FromBytes(ConvertJsonToXml(json, context));
+  const std::string xml = ConvertOnBothRoads(json, context);
   EXPECT_TRUE(xml.starts_with(declaration)) << xml;
   return Wide(xml.substr(declaration.size()));
+}
+
+WString Repeated(const WString& text, int times) {
+  WString all;
+  while (times-- > 0) all += text;
+  return all;
 }
 
 std::string LoadStream(const CBinaryData& data, const CSerializationContext& context) {
@@ -36,6 +60,69 @@ TEST(JsonConversion, GivesTheXmlThatTheTextStandsForOrRefuses) {
              [](JsonRoundTrip mode, const WString& json, const WString& root, const WString& xml) {
                EXPECT_EQ(Outcome([&] { return Convert(json, mode, root.c_str()); }), xml);
              });
+}
+
+// Texts put together from what the grammar has, some of it in the wrong place.
+TEST(JsonConversion, GivesTheSameOnBothRoads) {
+  const WString pieces[] = {u"{",
+                            u"}",
+                            u"[",
+                            u"]",
+                            u",",
+                            u":",
+                            u"\"a\":",
+                            u"\"b\":",
+                            u"\"@x\":",
+                            u"\"@\":",
+                            u"\"#text\":",
+                            u"\"n<\":",
+                            u"\"\"",
+                            u"\"v\"",
+                            u"1",
+                            u"-0.5e+3",
+                            u"true",
+                            u"null",
+                            u" ",
+                            u"\n",
+                            u"\"&<>\\\"\\n\\r\\t\\/\"",
+                            u"\"\\u0041\"",
+                            u"\"\\ud83d\\ude00\"",
+                            u"\"\\r\"",
+                            u"\"<![CDATA[\"",
+                            u"\"\u00e9\"",
+                            u"{\"a\":1}",
+                            u"[1,{\"b\":2}]",
+                            u"{\"@x\":\"y\",\"#text\":\"z\"}"};
+  std::mt19937 random(11);
+  int taken = 0;
+  for (int round = 0; round < 30000; ++round) {
+    CSerializationContext context;
+    context.GetJsonContext().SetSupportRoundtrip(static_cast<JsonRoundTrip>(round % 3));
+    if (round % 7 == 0) context.GetJsonContext().SetRootElementName(u"r");
+    // A frame that is right, in which a member is right more often than not.
+    WString json = u"{\"r\":{";
+    for (std::size_t i = 0, count = random() % 4; i < count; ++i) {
+      if (i > 0) json += u',';
+      json += pieces[6 + random() % 5];
+      json += pieces[12 + random() % (std::size(pieces) - 12)];
+      if (random() % 8 == 0) json += pieces[random() % std::size(pieces)];
+    }
+    json += u"}}";
+    try {
+      ConvertOnBothRoads(json, context);
+      taken += CJsonTranscoder(context).Transcode(*EncodeUtf8(json)).has_value() ? 1 : 0;
+    } catch (const CTovikException&) {
+    }
+  }
+  EXPECT_GT(taken, 5000);
+  const WString deepest = Repeated(u"{\"a\":", 100) + u"1" + Repeated(u"}", 100);
+  for (const WString& json :
+       {deepest, u"{\"a\":" + deepest + u"}", deepest.substr(6, 6 * 99 + 100)}) {
+    try {
+      ConvertOnBothRoads(json, CSerializationContext());
+    } catch (const CTovikException&) {
+    }
+  }
 }
 
 TEST(JsonConversion, IsBoundedByItsInput) {

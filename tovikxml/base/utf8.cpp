@@ -16,6 +16,7 @@
 namespace TovikXmlLib16 {
 namespace {
 
+constexpr std::uint64_t kNonAsciiBytes = 0x8080808080808080u;
 constexpr wchar kReplacement = 0xFFFD;
 
 bool IsPair(const wchar* at, const wchar* end) {
@@ -62,12 +63,21 @@ std::size_t WidenAscii(const unsigned char* at, std::size_t size, wchar* out) {
 #else
   for (std::uint64_t word; i + 8 <= size; i += 8) {
     std::memcpy(&word, at + i, sizeof word);
-    if ((word & 0x8080808080808080u) != 0) break;
+    if ((word & kNonAsciiBytes) != 0) break;
     for (std::size_t k = i; k < i + 8; ++k) out[k] = at[k];
   }
 #endif
   for (; i < size && at[i] < 0x80; ++i) out[i] = at[i];
   return i;
+}
+
+const unsigned char* SkipAscii(const unsigned char* at, const unsigned char* end) {
+  for (std::uint64_t word; end - at >= 8; at += 8) {
+    std::memcpy(&word, at, sizeof word);
+    if ((word & kNonAsciiBytes) != 0) break;
+  }
+  while (at != end && *at < 0x80) ++at;
+  return at;
 }
 
 constexpr bool IsContinuation(unsigned byte) {
@@ -187,6 +197,20 @@ Utf16Written WriteUtf16(std::string_view bytes, wchar* out) {
     }
   }
   return {out, static_cast<std::size_t>(at - start)};
+}
+
+bool IsUtf8(std::string_view bytes) {
+  const auto* at = reinterpret_cast<const unsigned char*>(bytes.data());
+  const auto* const end = at + bytes.size();
+  while (at != end) {
+    at = SkipAscii(at, end);
+    if (at == end) break;
+    char32_t point = 0;
+    const std::size_t length = ReadSequence(at, static_cast<std::size_t>(end - at), point);
+    if (length == 0) return false;
+    at += length;
+  }
+  return true;
 }
 
 std::optional<std::string> EncodeUtf8(WStringView text) {

@@ -26,6 +26,8 @@ struct Utf16Written {
 /// there are bytes.
 Utf16Written WriteUtf16(std::string_view bytes, wchar* out);
 
+bool IsUtf8(std::string_view bytes);
+
 /// Throws the `CTovikInvalidValueException` of a text that has no UTF-8 form.
 [[noreturn]] void RefuseUnpairedSurrogate();
 

@@ -11,6 +11,7 @@
 #include "tovikxml/document/compression.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/json/reader_to_xml_handler.h"
+#include "tovikxml/json/transcoder.h"
 #include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/binary_data.h"
 
@@ -54,10 +55,32 @@ std::size_t SequenceLength(unsigned char lead) {
       u"$");
 }
 
+#ifdef TOVIKXML_NO_SCANNER
+constexpr bool kHasTranscoder = false;
+#else
+constexpr bool kHasTranscoder = true;
+#endif
+
 WString DecodeJson(std::string_view bytes) {
   std::optional<WString> text = DecodeUtf8(bytes);
   if (!text) RefuseEncoding(bytes);
   return *std::move(text);
+}
+
+// The XML text by the short road, if the transcoder is certain. No UTF-16 has less than a third as
+// many units as its UTF-8 has bytes, so that the limit is met where the long road meets it.
+std::optional<CBinaryData> Transcode(std::string_view json, const CSerializationContext& context) {
+  if (!kHasTranscoder) return std::nullopt;
+  const auto xml = CJsonTranscoder(context).Transcode(json);
+  if (!xml || xml->size() > XmlTextLimit(json.size() / 3, context)) return std::nullopt;
+  ByteArray bytes = NewByteArray(xml->size());
+  std::memcpy(bytes.data.get(), xml->data(), xml->size());
+  return ToBinaryData(std::move(bytes));
+}
+
+CBinaryData Convert(std::string_view json, const CSerializationContext& context) {
+  if (auto xml = Transcode(json, context)) return *std::move(xml);
+  return ConvertJsonToXml(DecodeJson(json), context);
 }
 
 }  // namespace
@@ -79,18 +102,21 @@ CBinaryData CXmlDocument::LoadJsonStream(const unsigned char* data, unsigned lon
 CBinaryData CXmlDocument::LoadJson(const char* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"JSON String is empty!");
-  return ConvertJsonToXml(DecodeJson(WithoutMark(text)), *m_context);
+  return Convert(WithoutMark(text), *m_context);
 }
 
 CBinaryData CXmlDocument::LoadJson(const wchar* text) {
   Cleanup();
   if (!text || !*text) throw CTovikException(u"JSON String is empty!");
-  return ConvertJsonToXml(*text == 0xFEFF ? text + 1 : text, *m_context);
+  const WString source(*text == 0xFEFF ? text + 1 : text);
+  const auto bytes = EncodeUtf8(source);
+  auto xml = bytes ? Transcode(*bytes, *m_context) : std::nullopt;
+  return xml ? *std::move(xml) : ConvertJsonToXml(source, *m_context);
 }
 
 CBinaryData CXmlDocument::ParseJson(ByteArray input) {
   DecompressData(input, DecompressionLimitsOf(*m_context));
-  return ConvertJsonToXml(DecodeJson(WithoutMark(ViewOf(input))), *m_context);
+  return Convert(WithoutMark(ViewOf(input)), *m_context);
 }
 
 }  // namespace TovikXmlLib16

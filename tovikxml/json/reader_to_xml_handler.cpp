@@ -36,10 +36,6 @@ class CLimitedTextStream final : public CTextStream {
   std::uint64_t m_limit;
 };
 
-std::uint64_t XmlTextLimit(const WString& source, const CSerializationContext& context) {
-  return std::max(kExpectedGrowth * source.size(), context.GetMaxDecompressedSize());
-}
-
 CTovikInvalidStateException ConversionFailure(const wchar* format, const WString& what,
                                               const CTovikException& cause) {
   return CTovikInvalidStateException(FormatString(format, what.c_str()), cause);
@@ -53,9 +49,13 @@ constexpr const wchar* kTextFailure =
 
 }  // namespace
 
+std::uint64_t XmlTextLimit(std::size_t length, const CSerializationContext& context) {
+  return std::max(kExpectedGrowth * length, context.GetMaxDecompressedSize());
+}
+
 CBinaryData ConvertJsonToXml(const WString& source, const CSerializationContext& context) {
   const CJsonContext& settings = context.GetJsonContext();
-  CLimitedTextStream stream(XmlTextLimit(source, context));
+  CLimitedTextStream stream(XmlTextLimit(source.size(), context));
   CXmlTextWriter writer(&stream);
   CJsonTextReader reader(source);
   reader.SetHandler(std::make_unique<CJsonReaderToXmlHandler>(

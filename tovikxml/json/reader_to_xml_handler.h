@@ -2,6 +2,7 @@
 #define TOVIKXML_JSON_READER_TO_XML_HANDLER_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 #include "tovikxml/json/text_reader.h"
@@ -21,13 +22,17 @@ class CBinaryData;
 class CSerializationContext;
 class CXmlTextWriter;
 
+/// How many units the XML text of a JSON text of so many may have: eight times its length, or what
+/// the context lets compressed input expand to, if that is more.
+std::uint64_t XmlTextLimit(std::size_t length, const CSerializationContext& context);
+
 /// Converts a JSON text to XML text in UTF-8. Throws what `CJsonTextReader` and the handler below
 /// throw, "An Element has not been closed." where empty arrays leave elements open, and
 /// `CTovikInvalidValueException` for a surrogate without its pair.
 ///
-/// XML text beyond eight times the length of `source`, and beyond what the context lets compressed
-/// input expand to, is refused with `CTovikException` "The XML text of the JSON document exceeds
-/// the limit of %llu units": repeated names can make it grow with the square of the input.
+/// XML text beyond `XmlTextLimit` is refused with `CTovikException` "The XML text of the JSON
+/// document exceeds the limit of %llu units": repeated names can make it grow with the square of
+/// the input.
 CBinaryData ConvertJsonToXml(const WString& source, const CSerializationContext& context);
 
 /// Turns the events of a reader into calls on a writer of XML text.

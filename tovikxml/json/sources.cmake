@@ -1,2 +1,2 @@
-tovikxml_sources(json document_load reader_to_xml_handler text_reader text_writer)
-tovikxml_internal_headers(json reader_to_xml_handler text_reader text_writer)
+tovikxml_sources(json document_load reader_to_xml_handler text_reader text_writer transcoder)
+tovikxml_internal_headers(json reader_to_xml_handler text_reader text_writer transcoder)
