@@ -62,6 +62,22 @@ TEST(FastInfosetReader, StartsFromTheGeneratedVocabulary) {
             u"!Exception Failed to parse FastInfoset. The name index [2] is beyond its table.");
 }
 
+TEST(FastInfosetReader, ReadsInitialVocabulariesWhereAsked) {
+  CSerializationContext context;
+  context.SetMaxTableEntries(4);
+  context.SetMaxExpandedText(96);
+  CFastInfosetContext& settings = context.GetFIContext();
+  settings.SetReadInitialVocabulary(true);
+  settings.SetUseGeneratedVocabulary(true);
+  settings.SetExternalVocabularyURI(u"u");
+  settings.GetVocabulary()->AddElement(u"", u"", u"e");
+  settings.GetVocabulary()->AddElementValue(u"two");
+  ForEachRow("fastinfoset/reader.txt", "initial vocabularies",
+             [&](const std::string& octets, const WString& tree) {
+               EXPECT_EQ(Outcome([&] { return TreeOf(Octets(octets), context); }), tree);
+             });
+}
+
 // So many names and values that every form of an index comes, on both sides of its borders.
 TEST(FastInfosetReader, TakesManyNames) {
   WString script = u"<a", expected = u"a";

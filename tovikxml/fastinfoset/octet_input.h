@@ -34,6 +34,8 @@ class CFIOctetInput {
   std::uint32_t ReadIndex(const FIIndexCode& code, unsigned octet);
   /// An index from 0 (C.26).
   std::uint32_t ReadIndexOrZero(unsigned octet);
+  /// How many items follow (C.21). Throws "... Invalid Encoding of the length of a sequence."
+  std::uint32_t ReadSequenceLength();
   /// Octets of a number, high first.
   std::uint32_t ReadBigEndian(unsigned octets);
 

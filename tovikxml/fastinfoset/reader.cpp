@@ -11,7 +11,6 @@
 #include "tovikxml/fastinfoset/dropped_items.h"
 #include "tovikxml/fastinfoset/octet_text.h"
 #include "tovikxml/fastinfoset/restricted_alphabet.h"
-#include "tovikxml/fastinfoset/vocabulary_tables.h"
 #include "tovikxml/settings/fastinfoset_context.h"
 #include "tovikxml/settings/serialization_context.h"
 
@@ -49,46 +48,19 @@ Entry& EntryAt(std::vector<Entry>& table, std::uint32_t index, const wchar* what
   return table[index - 1];
 }
 
-template <class Table>
-std::vector<WString> StringsOf(const Table& table) {
-  return {table.begin(), table.end()};
-}
-
 }  // namespace
-
-// False for a table that the format lets grow no more.
-template <class Entry>
-bool CFastInfosetReader::AddTo(std::vector<Entry>& table, const Entry& entry) {
-  if (table.size() >= kMaxVocabularyTable) return false;
-  if (table.size() >= m_tableLimit) {
-    ThrowParseFailure(FormatString(u"A table exceeds the limit of %u entries.", m_tableLimit));
-  }
-  table.push_back(entry);
-  return true;
-}
 
 CFastInfosetReader::CFastInfosetReader(const CFastInfosetContext& context, CXmlDocument& document)
     : CInstanceMonitor(u"CFastInfosetReader"),
+      m_context(context),
       m_document(document),
       m_textLimit(document.m_context->GetMaxExpandedText()),
       m_textLeft(m_textLimit),
       m_tableLimit(document.m_context->GetMaxTableEntries()) {
-  const CFIVocabulary initial;
-  const CFIVocabulary& start =
-      context.GetUseGeneratedVocabulary() ? *context.GetVocabulary() : initial;
-  m_prefixNames = StringsOf(start.GetPrefixNamesTable());
-  m_namespaceNames = StringsOf(start.GetNamespaceNamesTable());
-  m_localNames = StringsOf(start.GetLocalNamesTable());
-  m_attributeValues = StringsOf(start.GetAttributeValuesTable());
-  m_characterChunks = StringsOf(start.GetCharacterChunksTable());
-  const auto fill = [](QNameTable& table, const CFIVocabulary::CFIQNameTable& names) {
-    for (const CFIVocabulary::CQNameParts& parts : names) {
-      table.push_back({nullptr, static_cast<std::uint32_t>(parts.namespaceIndex),
-                       static_cast<std::uint32_t>(parts.localNameIndex)});
-    }
-  };
-  fill(m_elementNames, start.GetElementNamesTable());
-  fill(m_attributeNames, start.GetAttributeNamesTable());
+  const bool isGenerated =
+      context.GetUseGeneratedVocabulary() && !context.GetReadInitialVocabulary();
+  const CFIVocabulary builtIn;
+  StartFrom(isGenerated ? *context.GetVocabulary() : builtIn);
 }
 
 CFastInfosetReader::~CFastInfosetReader() = default;
@@ -101,7 +73,7 @@ bool CFastInfosetReader::Read(const unsigned char* data, std::size_t length) {
   const std::size_t header = HeaderLength(data, length);
   if (header == 0) return false;
   CFIOctetInput input(data + header, length - header);
-  SkipOptionalComponents(input);
+  ReadOptionalComponents(input);
   ReadDocumentChildren(input);
   return true;
 }
@@ -230,13 +202,17 @@ void CFastInfosetReader::AppendValue(bool isAdded) {
   if (isAdded) AddTo(m_characterChunks, m_value);
 }
 
+void CFastInfosetReader::RequireNamespaceOfPrefix(bool hasPrefix, bool hasNamespace) {
+  if (hasPrefix && !hasNamespace) {
+    ThrowParseFailure(u"Invalid QName type Prefix without Namespace.");
+  }
+}
+
 const CXmlName* CFastInfosetReader::ReadLiteralName(CFIOctetInput& input, unsigned octet,
                                                     QNameTable& table) {
   const bool hasPrefix = (octet & 0x02) != 0;
   const bool hasNamespace = (octet & 0x01) != 0;
-  if (hasPrefix && !hasNamespace) {
-    ThrowParseFailure(u"Invalid QName type Prefix without Namespace.");
-  }
+  RequireNamespaceOfPrefix(hasPrefix, hasNamespace);
   NamePart prefix{&kNone, 0};
   NamePart uri{&kNone, 0};
   if (hasPrefix) prefix = ReadNamePart(input, m_prefixNames, m_prefix);

@@ -7,7 +7,7 @@
 
 #include "tovikxml/base/instance_monitor.h"
 #include "tovikxml/fastinfoset/octet_input.h"
-#include "tovikxml/fastinfoset/vocabulary.h"
+#include "tovikxml/fastinfoset/vocabulary_tables.h"
 
 namespace TovikXmlLib16 {
 
@@ -19,7 +19,8 @@ struct CXmlName;
 /// only: whatever the encoding of a value, it becomes its lexical form. Comments, processing
 /// instructions, document types and references to entities are passed over, and so are the optional
 /// components of the header: the tables start from the generated vocabulary of the context, if the
-/// context says so, and otherwise empty.
+/// context says so, and otherwise empty. With `GetReadInitialVocabulary` they start from what the
+/// document says.
 ///
 /// Bad input ends in `CTovikException` "Failed to parse FastInfoset. ..." or in one of the messages
 /// of `CFastInfosetBinaryData`. Nothing outside the octets or a table is looked at, no stack is
@@ -52,6 +53,12 @@ class CFastInfosetReader : public CInstanceMonitor {
     std::uint32_t index;
   };
 
+  void ReadOptionalComponents(CFIOctetInput& input);
+  void ReadInitialVocabulary(CFIOctetInput& input);
+  void TakeExternalVocabulary(CFIOctetInput& input);
+  QName ReadNameSurrogate(CFIOctetInput& input);
+  void StartFrom(const CFIVocabulary& vocabulary);
+
   void ReadDocumentChildren(CFIOctetInput& input);
   void ReadContent(CFIOctetInput& input, unsigned octet);
   void StartElement(CFIOctetInput& input, unsigned octet);
@@ -64,6 +71,7 @@ class CFastInfosetReader : public CInstanceMonitor {
   void ReadUtf8Chunk(CFIOctetInput& input, unsigned octet, bool isAdded);
   void AppendValue(bool isAdded);
 
+  static void RequireNamespaceOfPrefix(bool hasPrefix, bool hasNamespace);
   const CXmlName* ReadLiteralName(CFIOctetInput& input, unsigned octet, QNameTable& table);
   const CXmlName* ResolveName(QNameTable& table, std::uint32_t index);
   const CXmlName* KeepName(const WString& namespaceUri, const WString& localName);
@@ -71,9 +79,17 @@ class CFastInfosetReader : public CInstanceMonitor {
   void ReadEncodedString(CFIOctetInput& input, const FIStringCode& code, unsigned octet);
   void CountText(std::size_t units);
   bool HasOpenElement() const;
+  /// False for a table that the format lets grow no more.
   template <class Entry>
-  bool AddTo(std::vector<Entry>& table, const Entry& entry);
+  bool AddTo(std::vector<Entry>& table, const Entry& entry) {
+    if (table.size() >= kMaxVocabularyTable) return false;
+    if (table.size() >= m_tableLimit) ThrowTableLimit();
+    table.push_back(entry);
+    return true;
+  }
+  [[noreturn]] void ThrowTableLimit() const;
 
+  const CFastInfosetContext& m_context;
   CXmlDocument& m_document;
   StringTable m_prefixNames;
   StringTable m_namespaceNames;

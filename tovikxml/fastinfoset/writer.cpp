@@ -14,7 +14,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr WStringView kDefaultVocabularyUri = u"urn:tovikxml:external-vocabulary";
 constexpr std::uint32_t kAlgorithmCount = 10;
 
 const WString kXsiUri{kXsiNamespace};
@@ -96,7 +95,7 @@ void CFastInfosetWriter::WriteStartDocument(FInfoDecl declaration) {
   // One optional component, the initial vocabulary, and in it only an external vocabulary.
   for (const unsigned octet : {0x20u, 0x10u, 0x00u}) m_output.Put(octet);
   const WString uri = m_context.GetExternalVocabularyURI();
-  m_output.PutText(kFILengthBit2, 0x00, uri.empty() ? kDefaultVocabularyUri : WStringView(uri));
+  m_output.PutText(kFILengthBit2, 0x00, uri.empty() ? kFIDefaultVocabularyUri : WStringView(uri));
 }
 
 void CFastInfosetWriter::WriteEndDocument() {
