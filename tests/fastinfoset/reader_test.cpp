@@ -78,6 +78,31 @@ TEST(FastInfosetReader, ReadsInitialVocabulariesWhereAsked) {
              });
 }
 
+TEST(FastInfosetReader, KeepsPrefixesWhereAsked) {
+  CSerializationContext context;
+  context.GetFIContext().SetQualifiedNames(true);
+  ForEachRow("fastinfoset/reader.txt", "qualified names",
+             [&](const std::string& octets, const WString& tree) {
+               EXPECT_EQ(TreeOf(Octets("E0000001 00 " + octets), context), tree);
+             });
+}
+
+TEST(FastInfosetReader, RefusesWhatNoXmlSaysWhereAsked) {
+  CSerializationContext context;
+  context.GetFIContext().SetRequireWellFormed(true);
+  ForEachRow("fastinfoset/reader.txt", "not well-formed",
+             [&](const std::string& octets, const WString& message) {
+               const CBinaryData document = Octets("E0000001 00 " + octets);
+               EXPECT_NE(Outcome([&] { return TreeOf(document); }).front(), u'!');
+               EXPECT_EQ(Outcome([&] { return TreeOf(document, context); }),
+                         u"!Exception Failed to parse FastInfoset. " + message);
+             });
+  const WString tree = u"\u0416\u00e9 \u0100=\u00e9'x\t'";
+  EXPECT_EQ(
+      TreeOf(Octets("E0000001 00 7C03D096C3A9 7801C480 01C3A9 F0 8178 09 F0 E20078 F0"), context),
+      tree);
+}
+
 // So many names and values that every form of an index comes, on both sides of its borders.
 TEST(FastInfosetReader, TakesManyNames) {
   WString script = u"<a", expected = u"a";

@@ -25,6 +25,7 @@ class CFIOctetInput {
   /// The octets outlive the input.
   CFIOctetInput(const unsigned char* data, std::size_t length) : m_at(data), m_end(data + length) {}
 
+  bool IsAtEnd() const { return m_at == m_end; }
   unsigned ReadOctet() {
     if (m_at == m_end) ThrowEndOfFile();
     return *m_at++;

@@ -30,7 +30,8 @@ void CFastInfosetReader::StartFrom(const CFIVocabulary& vocabulary) {
   m_characterChunks = StringsOf(vocabulary.GetCharacterChunksTable());
   const auto fill = [](QNameTable& table, const CFIVocabulary::CFIQNameTable& names) {
     for (const CFIVocabulary::CQNameParts& parts : names) {
-      table.push_back({nullptr, static_cast<std::uint32_t>(parts.namespaceIndex),
+      table.push_back({nullptr, static_cast<std::uint32_t>(parts.prefixIndex),
+                       static_cast<std::uint32_t>(parts.namespaceIndex),
                        static_cast<std::uint32_t>(parts.localNameIndex)});
     }
   };
@@ -114,8 +115,8 @@ CFastInfosetReader::QName CFastInfosetReader::ReadNameSurrogate(CFIOctetInput& i
   const bool hasPrefix = (octet & 0x02) != 0;
   const bool hasNamespace = (octet & 0x01) != 0;
   RequireNamespaceOfPrefix(hasPrefix, hasNamespace);
-  if (hasPrefix) readIndex();
-  QName name{nullptr, 0, 0};
+  QName name{nullptr, 0, 0, 0};
+  if (hasPrefix) name.prefixIndex = readIndex();
   if (hasNamespace) name.namespaceIndex = readIndex();
   name.localIndex = readIndex();
   return name;

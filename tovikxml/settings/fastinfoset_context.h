@@ -82,6 +82,20 @@ class TOVIKXML_EXPORT CFastInfosetContext {
   bool GetReadInitialVocabulary() const { return m_readInitialVocabulary; }
   void SetReadInitialVocabulary(bool read) { m_readInitialVocabulary = read; }
 
+  /// Whether a document that no XML text could say is refused, with "Failed to parse FastInfoset.
+  /// ...": names and characters that XML has not, two attributes of one name, two roots, and octets
+  /// behind the end; false by default.
+  bool GetRequireWellFormed() const { return m_requireWellFormed; }
+  void SetRequireWellFormed(bool require) { m_requireWellFormed = require; }
+
+  /// Whether local names carry their prefixes, as in "p:item" beside the namespace of p, and the
+  /// declarations of prefixes are attributes "xmlns:p" and "xmlns" of the namespace
+  /// "http://www.w3.org/2000/xmlns/"; false by default. Reading then keeps every declaration where
+  /// it stands, and a writer takes them in front of the other attributes of an element. It is for
+  /// programs that write without a generated class and keep the prefixes of a document.
+  bool GetQualifiedNames() const { return m_qualifiedNames; }
+  void SetQualifiedNames(bool qualified) { m_qualifiedNames = qualified; }
+
  private:
   unsigned char m_defaultStringEncoding = 0;
   std::array<EncodedCharacterString, it_xmlCollection + 1> m_encodings{};
@@ -89,6 +103,8 @@ class TOVIKXML_EXPORT CFastInfosetContext {
   unsigned long m_elementMaxAddLength = 6;
   bool m_useGeneratedVocabulary = false;
   bool m_readInitialVocabulary = false;
+  bool m_requireWellFormed = false;
+  bool m_qualifiedNames = false;
   CFIVocabulary m_vocabulary;
   WString m_externalVocabularyUri;
 };
