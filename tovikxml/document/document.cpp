@@ -158,6 +158,7 @@ void CXmlDocument::Cleanup() {
   m_storage.reset();
   m_open.clear();
   m_aliases.clear();
+  m_unreadEntity.clear();
 }
 
 WString CXmlDocument::LookupAliasFromNamespace(const wchar* uri) const {

@@ -174,6 +174,11 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   CBinaryData LoadJson(const wchar* text);
   /// @}
 
+  /// The name of the first entity that the document refers to and that was not read, so that its
+  /// text is missing in the tree; empty if there is none. External entities are never read, nor is
+  /// the external part of a document type, in which others are declared. An entity that a Fast
+  /// Infoset document has under an index alone is named by that, as in "#3".
+  const WString& GetUnreadEntity() const { return m_unreadEntity; }
   /// The root; null before a load.
   CXmlElement* GetDocumentElement() const { return m_root; }
   /// The first prefix, in ascending order, that is bound to the URI anywhere in the document. Empty
@@ -229,6 +234,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   const CXmlName* m_lastName = nullptr;
   std::vector<OpenElement> m_open;
   std::map<WString, WString> m_aliases;
+  WString m_unreadEntity;
   int m_schemaType;
   WString m_lentText;
   ElementCallback m_callback = nullptr;

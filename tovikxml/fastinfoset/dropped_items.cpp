@@ -69,7 +69,7 @@ constexpr SkipItem kVocabularyLists[] = {
 // A name and, by the two low bits, two more identifiers.
 void SkipIdentifiers(CFIOctetInput& input, unsigned identification) {
   SkipIdentifyingString(input);
-  SkipDocumentType(input, identification);
+  SkipExternalIdentifiers(input, identification);
 }
 
 void SkipNotations(CFIOctetInput& input) {
@@ -130,13 +130,9 @@ void SkipComment(CFIOctetInput& input) {
   SkipStringOrIndex(input);
 }
 
-void SkipDocumentType(CFIOctetInput& input, unsigned identification) {
+void SkipExternalIdentifiers(CFIOctetInput& input, unsigned identification) {
   if (identification & 0x02) SkipIdentifyingString(input);
   if (identification & 0x01) SkipIdentifyingString(input);
-}
-
-void SkipEntityReference(CFIOctetInput& input, unsigned identification) {
-  SkipIdentifiers(input, identification);
 }
 
 }  // namespace TovikXmlLib16

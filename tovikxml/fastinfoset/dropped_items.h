@@ -23,9 +23,8 @@ void SkipComponentsBehindVocabulary(CFIOctetInput& input, unsigned presence);
 
 void SkipProcessingInstruction(CFIOctetInput& input);
 void SkipComment(CFIOctetInput& input);
-/// The identifiers of a document type; its children and its end follow.
-void SkipDocumentType(CFIOctetInput& input, unsigned identification);
-void SkipEntityReference(CFIOctetInput& input, unsigned identification);
+/// The two identifiers of a document type or an entity, if they are there.
+void SkipExternalIdentifiers(CFIOctetInput& input, unsigned identification);
 
 }  // namespace TovikXmlLib16
 

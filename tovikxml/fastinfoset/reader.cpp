@@ -92,7 +92,7 @@ void CFastInfosetReader::ReadDocumentChildren(CFIOctetInput& input) {
     if (octet == 0xE1) SkipProcessingInstruction(input);
     if (octet == 0xE2) SkipComment(input);
     if ((octet & 0xFC) == 0xC4) {
-      SkipDocumentType(input, octet);
+      SkipExternalIdentifiers(input, octet);
       isInDocumentType = true;
     }
   }
@@ -135,8 +135,21 @@ void CFastInfosetReader::ReadContent(CFIOctetInput& input, unsigned octet) {
   }
   if (octet == 0xE1) return SkipProcessingInstruction(input);
   if (octet == 0xE2) return SkipComment(input);
-  if ((octet & 0xFC) == 0xC8) return SkipEntityReference(input, octet);
+  if ((octet & 0xFC) == 0xC8) return ReadEntityReference(input, octet);
   ThrowParseFailure(u"Invalid Encoding of Element type.");
+}
+
+// The text of the entity has no place in the document, but that it is missing is told.
+void CFastInfosetReader::ReadEntityReference(CFIOctetInput& input, unsigned octet) {
+  WString name;
+  const unsigned first = input.ReadOctet();
+  if (first >= 0x80) {
+    name = FormatString(u"#%u", input.ReadIndex(kFIIndexBit2, first));
+  } else {
+    AppendUtf8(name, input.ReadString(kFILengthBit2, first));
+  }
+  SkipExternalIdentifiers(input, octet);
+  if (m_document.m_unreadEntity.empty()) m_document.m_unreadEntity = name;
 }
 
 void CFastInfosetReader::StartElement(CFIOctetInput& input, unsigned octet) {

@@ -68,6 +68,7 @@ class CFastInfosetReader : public CInstanceMonitor {
   void ReadRoot(CFIOctetInput& input, unsigned octet);
   void RequireEnd(CFIOctetInput& input);
   void ReadContent(CFIOctetInput& input, unsigned octet);
+  void ReadEntityReference(CFIOctetInput& input, unsigned octet);
   void StartElement(CFIOctetInput& input, unsigned octet);
   unsigned ReadNamespaces(CFIOctetInput& input);
   void ReadNamespaceAttribute(CFIOctetInput& input, unsigned octet);
