@@ -18,8 +18,8 @@ namespace TovikXmlLib16 {
 namespace {
 
 constexpr XML_Char kNamespaceSeparator = '|';
-// expat takes lengths as int.
-constexpr std::size_t kLargestPiece = std::size_t{1} << 30;
+// expat keeps a copy of each piece, and looks again at what a piece leaves unfinished.
+constexpr std::size_t kLargestPiece = std::size_t{1} << 24;
 
 CTovikException Failure(XML_Parser parser, XML_Error error) {
   return CTovikException(
