@@ -1,5 +1,5 @@
-// Octets to a tree, from an empty and from a generated vocabulary, and what could be read written
-// again.
+// Octets to a tree, from an empty and from a generated vocabulary, each leniently and to the letter
+// of the format, and what could be read written again.
 
 #include <cstddef>
 #include <cstdint>
@@ -44,12 +44,17 @@ void WriteAndRead(const CXmlDocument& document, const CSerializationContext& con
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  for (const bool generated : {false, true}) {
+  for (int way = 0; way < 4; ++way) {
+    const bool generated = way % 2 != 0;
+    const bool exact = way / 2 != 0;
     CSerializationContext context;
     context.SetMaxDecompressedSize(1 << 20);
     context.SetMaxExpandedText(1 << 22);
     CFastInfosetContext& settings = context.GetFIContext();
     settings.SetUseGeneratedVocabulary(generated);
+    settings.SetReadInitialVocabulary(exact);
+    settings.SetRequireWellFormed(exact);
+    settings.SetQualifiedNames(exact);
     settings.GetVocabulary()->AddElement(u"p", u"urn:p", u"s");
     settings.GetVocabulary()->AddAttribute(u"", u"", u"n");
     settings.GetVocabulary()->AddAttributeValue(u"1");

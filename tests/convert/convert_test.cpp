@@ -5,11 +5,13 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "tests/support/data_rows.h"
 #include "tests/support/temp_dir.h"
+#include "tests/support/text.h"
 #include "tests/support/tree_text.h"
 #include "tovikxml/tovikxml.h"
 
@@ -23,6 +25,8 @@ constexpr const char* kRealDocuments[] = {
     "/usr/share/mime/packages/freedesktop.org.xml", "/usr/share/X11/xkb/rules/base.xml",
     "/usr/share/xml/iso-codes/iso_3166.xml",
     "/usr/share/icons/Adwaita/scalable/places/folder-documents-symbolic.svg"};
+
+const std::string kXmlHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 
 const std::string kOrder =
     "<o:order xmlns:o='urn:orders' xmlns:q='urn:types' xmlns:xsi="
@@ -107,37 +111,52 @@ TEST_F(Convert, KeepsADocumentInEveryDirection) {
 TEST_F(Convert, ReadsCompressedInputOfEveryFormat) {
   std::string large = kOrder;
   large.insert(large.rfind("</"), "<t>" + std::string(2000, 'x') + "</t>");
-  for (const std::string form : {"-t xml", "-t xml -e utf-16", "-t fi", "-t json"}) {
+  for (const std::string form : {"-t xml", "-t fi", "-t json", "-t json -e utf-16"}) {
     for (const std::string compression : {" -z gzip", " --compress=zlib"}) {
       SCOPED_TRACE(form + compression);
       const std::string packed = Through({form + compression}, large);
       EXPECT_LT(packed.size(), large.size() / 2);
       ExpectSameDocument(large, Through({"-t xml"}, packed));
+      ExpectFailure("-t xml", packed + "x", 1, "behind the end of the compressed data");
+      ExpectFailure("-t xml", packed.substr(0, packed.size() / 2), 1, "ends too early");
     }
   }
+  const std::string members = Path("members.gz");
+  Shell("for part in '<a>' '<b/>' '</a>'; do printf \"$part\" | gzip >>'" + members + "'; done");
+  EXPECT_EQ(Through({"-t xml '" + members + "'"}, ""), kXmlHead + "<a><b/></a>");
 }
 
-TEST_F(Convert, KeepsThePrefixesOfTheSource) {
-  const std::string written = Through({"-t fi", "-t json", "-t xml"}, kOrder);
-  EXPECT_NE(written.find("<o:order "), std::string::npos) << written;
-  EXPECT_NE(written.find("xmlns:q=\"urn:types\""), std::string::npos) << written;
-  EXPECT_NE(written.find("<f:y "), std::string::npos) << written;
-  const std::string plain = "<a xmlns='urn:a' type='s:int' xmlns:s='urn:s'><b/></a>";
-  const std::string kept = Through({"-t xml"}, plain);
-  EXPECT_NE(kept.find("<a xmlns=\"urn:a\" xmlns:s=\"urn:s\" type="), std::string::npos) << kept;
-}
-
-TEST_F(Convert, FindsPrefixesWhereTheSourceIsAmbiguous) {
-  ForEachRow("convert.txt", "ambiguous prefixes", [&](const std::string& document) {
-    ExpectSameDocument(document, Through({"-t xml", "-t json", "-t fi", "-t xml"}, document));
+TEST_F(Convert, KeepsNamespacesWhereTheyStand) {
+  ForEachRow("convert.txt", "kept word for word", [&](const std::string& document) {
+    for (const std::string form : {"-t xml -z none", "-t json --typed", "-t fi"}) {
+      EXPECT_EQ(Through({form, "-t xml"}, document), kXmlHead + document) << form;
+    }
   });
+}
+
+TEST_F(Convert, MakesWellFormedTextOfFastInfoset) {
+  ForEachRow(
+      "convert.txt", "Fast Infoset as XML text",
+      [&](const std::string& octets, const std::string& xml) {
+        const std::string written = Through({"-t xml"}, FromHex("E0000001" + octets));
+        EXPECT_EQ(written, kXmlHead + xml);
+        EXPECT_EQ(Through({"-t fi --suggested-values", "-t json", "-t xml"}, written), written);
+      });
 }
 
 TEST_F(Convert, SpellsJsonByItsOptions) {
   ForEachRow("convert.txt", "JSON by options",
              [&](const std::string& options, const std::string& xml, const std::string& json) {
-               EXPECT_EQ(Through({options}, xml), json);
+               EXPECT_EQ(Run(options, xml).out, json);
              });
+}
+
+TEST_F(Convert, TellsThatTextWasMoved) {
+  const Result moved = Run("-t xml", "<a>x<b/></a>");
+  EXPECT_EQ(moved.out, kXmlHead + "<a><b/>x</a>");
+  EXPECT_NE(moved.err.find("text beside elements stands behind them"), std::string::npos);
+  Through({"-t xml -p", "-t json"}, "<a> <b/>\n</a>");
+  Through({"-t xml"}, "{\"a\": {\"b\": 1, \"#text\": \"x\"}}");
 }
 
 TEST_F(Convert, PacksSuggestedValues) {
@@ -168,17 +187,48 @@ TEST_F(Convert, TakesFilesAndTellsWhatItDid) {
 TEST_F(Convert, RefusesFaultyDocumentsAndLeavesTheOutput) {
   MakeFile(Path("out.xml"), "before");
   const std::string out = "- '" + Path("out.xml") + "'";
-  ExpectFailure(out, "<a>\n<b></a>", 1, "at line 2");
-  ExpectFailure(out, "", 1, "empty");
-  ExpectFailure(out, "{\"a\": [1,}", 1, "line 1");
-  ExpectFailure(out, "{\"a\": 1, \"b\": 2}", 1, "");
-  ExpectFailure(out, std::string("\xE0\x00\x00\x01\x00\x3C", 6), 1, "Failed to parse FastInfoset");
+  ForEachRow("convert.txt", "refused",
+             [&](const std::string& document, const std::string& message) {
+               ExpectFailure(out, document, 1, message);
+             });
+  ForEachRow("convert.txt", "refused octets",
+             [&](const std::string& octets, const std::string& message) {
+               ExpectFailure(out, FromHex("E0000001" + octets), 1, message);
+             });
   ExpectFailure(out + " --from json", "<a/>", 1, "line 1");
-  const std::string packed = Through({"-t xml -z gzip"}, "<a>" + std::string(999, 'x') + "</a>");
-  ExpectFailure(out, packed.substr(0, packed.size() / 2), 1, "neither XML nor JSON");
   ExpectFailure("-t fi '" + Path("absent") + "'", "", 1, "cannot read");
-  ExpectFailure("-t fi - '" + Path("absent/out") + "'", "<a/>", 1, "cannot write");
   EXPECT_EQ(FileBytes(Path("out.xml")), "before");
+}
+
+// With a limit on the size of files in place of a full disk.
+TEST_F(Convert, WritesFilesWholeOrNotAtAll) {
+  namespace fs = std::filesystem;
+  const fs::path folder = Path("folder");
+  fs::create_directory(folder);
+  const std::string file = (folder / "out.xml").string();
+  const std::string link = (folder / "link").string();
+  const std::string large = "<a>" + std::string(100000, 'x') + "</a>";
+  MakeFile(Path("large.xml"), large);
+  MakeFile(file, "before");
+  fs::permissions(file, fs::perms(0640));
+  fs::create_symlink("out.xml", link);
+  const std::string command = TOVIKXML_CONVERT " -t xml '" + Path("large.xml") + "' '" + link + "'";
+  const Result failed = Shell("trap '' XFSZ; ulimit -f 8; " + command);
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_NE(failed.err.find("cannot write " + link), std::string::npos) << failed.err;
+  EXPECT_EQ(FileBytes(file), "before");
+
+  EXPECT_EQ(Shell(command).status, 0);
+  EXPECT_EQ(FileBytes(file), kXmlHead + large);
+  EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder), fs::directory_iterator()), 2);
+
+  EXPECT_EQ(Run("-t xml - /dev/stdout", "<a/>").out, kXmlHead + "<a/>");
+  EXPECT_EQ(Run("-t xml - /dev/full", "<a/>").status, 1);
+  EXPECT_EQ(Shell("(" TOVIKXML_CONVERT " --help >/dev/full)").status, 1);
+  ExpectFailure("-t fi - '" + Path("absent/out") + "'", "<a/>", 1, "cannot write");
+  ExpectFailure("-t fi - '" + folder.string() + "'", "<a/>", 1, "cannot write");
 }
 
 TEST_F(Convert, LimitsTheNesting) {

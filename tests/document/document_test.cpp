@@ -55,6 +55,20 @@ TEST(Document, GivesTheTreeOrTheWordsOfTheParser) {
             u"!Exception encoding specified in XML declaration is incorrect at line 1");
 }
 
+TEST(Document, NamesTheFirstEntityThatWasNotRead) {
+  ForEachRow("document/documents.txt", "unread entities",
+             [](const std::string& xml, const WString& entity) {
+               CXmlDocument document;
+               document.LoadXmlStream(reinterpret_cast<const unsigned char*>(xml.data()),
+                                      xml.size());
+               EXPECT_EQ(document.GetUnreadEntity(), entity);
+             });
+  CXmlDocument document;
+  const CBinaryData octets = ToBytes(FromHex("E0000001 00 3C0061 C8026B6579 CB80 0073 0070 FF"));
+  document.LoadXmlStream(octets.GetData(), octets.GetLength());
+  EXPECT_EQ(document.GetUnreadEntity(), u"key");
+}
+
 TEST(Document, LinksItsElementsAndLooksUpPrefixes) {
   CXmlDocument document;
   document.LoadXml("<a xmlns='urn:d' xmlns:p='urn:p' p:x='1' y='2'><b/><p:c/></a>");

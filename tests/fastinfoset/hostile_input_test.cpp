@@ -33,10 +33,16 @@ bool IsExpectedFailure(const WString& message) {
 void ReadOrRefuse(const std::string& octets) {
   // Of just the size, so that a sanitizer sees every look beyond it.
   const std::vector<unsigned char> exact(octets.begin(), octets.end());
-  try {
-    CXmlDocument().LoadXmlStream(exact.data(), exact.size());
-  } catch (const CTovikException& e) {
-    EXPECT_TRUE(IsExpectedFailure(e.GetMessage())) << e.what();
+  for (const bool readsVocabulary : {false, true}) {
+    CSerializationContext context;
+    context.GetFIContext().SetReadInitialVocabulary(readsVocabulary);
+    context.GetFIContext().SetUseGeneratedVocabulary(readsVocabulary);
+    context.GetFIContext().SetExternalVocabularyURI(u"u");
+    try {
+      CXmlDocument(context).LoadXmlStream(exact.data(), exact.size());
+    } catch (const CTovikException& e) {
+      EXPECT_TRUE(IsExpectedFailure(e.GetMessage())) << e.what();
+    }
   }
 }
 

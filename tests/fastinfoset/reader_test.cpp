@@ -62,6 +62,47 @@ TEST(FastInfosetReader, StartsFromTheGeneratedVocabulary) {
             u"!Exception Failed to parse FastInfoset. The name index [2] is beyond its table.");
 }
 
+TEST(FastInfosetReader, ReadsInitialVocabulariesWhereAsked) {
+  CSerializationContext context;
+  context.SetMaxTableEntries(4);
+  context.SetMaxExpandedText(96);
+  CFastInfosetContext& settings = context.GetFIContext();
+  settings.SetReadInitialVocabulary(true);
+  settings.SetUseGeneratedVocabulary(true);
+  settings.SetExternalVocabularyURI(u"u");
+  settings.GetVocabulary()->AddElement(u"", u"", u"e");
+  settings.GetVocabulary()->AddElementValue(u"two");
+  ForEachRow("fastinfoset/reader.txt", "initial vocabularies",
+             [&](const std::string& octets, const WString& tree) {
+               EXPECT_EQ(Outcome([&] { return TreeOf(Octets(octets), context); }), tree);
+             });
+}
+
+TEST(FastInfosetReader, KeepsPrefixesWhereAsked) {
+  CSerializationContext context;
+  context.GetFIContext().SetQualifiedNames(true);
+  ForEachRow("fastinfoset/reader.txt", "qualified names",
+             [&](const std::string& octets, const WString& tree) {
+               EXPECT_EQ(TreeOf(Octets("E0000001 00 " + octets), context), tree);
+             });
+}
+
+TEST(FastInfosetReader, RefusesWhatNoXmlSaysWhereAsked) {
+  CSerializationContext context;
+  context.GetFIContext().SetRequireWellFormed(true);
+  ForEachRow("fastinfoset/reader.txt", "not well-formed",
+             [&](const std::string& octets, const WString& message) {
+               const CBinaryData document = Octets("E0000001 00 " + octets);
+               EXPECT_NE(Outcome([&] { return TreeOf(document); }).front(), u'!');
+               EXPECT_EQ(Outcome([&] { return TreeOf(document, context); }),
+                         u"!Exception Failed to parse FastInfoset. " + message);
+             });
+  const WString tree = u"\u0416\u00e9 \u0100=\u00e9'x\t'";
+  EXPECT_EQ(
+      TreeOf(Octets("E0000001 00 7C03D096C3A9 7801C480 01C3A9 F0 8178 09 F0 E20078 F0"), context),
+      tree);
+}
+
 // So many names and values that every form of an index comes, on both sides of its borders.
 TEST(FastInfosetReader, TakesManyNames) {
   WString script = u"<a", expected = u"a";

@@ -12,11 +12,12 @@ namespace {
 
 const std::string kHead = "E0000001 00 ";
 
-// "plain", "suggested", "short" for tables of short strings alone, or the encoding of strings by
-// its kind and index, such as "string 1 2".
+// "plain", "qualified", "suggested", "short" for tables of short strings alone, or the encoding of
+// strings by its kind and index, such as "string 1 2".
 CFastInfosetContext ContextNamed(const WString& name) {
   CFastInfosetContext context;
   if (name == u"suggested") context.SetSuggestedValues();
+  context.SetQualifiedNames(name == u"qualified");
   if (name == u"short") {
     context.SetAttributeMaxAddLength(3);
     context.SetElementMaxAddLength(0);

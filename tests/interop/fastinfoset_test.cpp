@@ -245,6 +245,24 @@ TEST(FastInfosetExchange, ReadsGeneralDocumentsOfPeer) {
   }
 }
 
+// Documents that bring their own vocabulary, which neither writes.
+TEST(FastInfosetExchange, AgreesOnInitialVocabularies) {
+  Peer peer;
+  CSerializationContext context;
+  context.GetFIContext().SetReadInitialVocabulary(true);
+  int count = 0;
+  ForEachRow("interop/documents.txt", "initial vocabularies", [&](const std::string& octets) {
+    const std::string name = std::to_string(count++);
+    MakeFile(peer.File(name), FromHex(octets));
+    peer.Ask("decode-sax", name, name + "sax");
+  });
+  ASSERT_NO_FATAL_FAILURE(peer.Run());
+  for (int i = 0; i < count; ++i) {
+    const std::string name = std::to_string(i);
+    EXPECT_EQ(TreeOfFile(peer.Name(name), context), TreeOfFile(peer.Name(name + "sax")));
+  }
+}
+
 // The vocabulary that FastInfosetPeer.java has under the same name.
 TEST(FastInfosetExchange, SharesAVocabulary) {
   CSerializationContext context;

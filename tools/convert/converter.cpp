@@ -2,11 +2,11 @@
 
 #include <chrono>
 #include <cstdio>
+#include <utility>
 
 #include "tools/convert/input.h"
-#include "tools/convert/open_document.h"
 #include "tools/convert/output.h"
-#include "tools/convert/prefixes.h"
+#include "tools/convert/output_file.h"
 #include "tools/convert/progress.h"
 
 using namespace TovikXmlLib16;
@@ -20,48 +20,58 @@ double Milliseconds(Clock::duration time) {
   return std::chrono::duration<double, std::milli>(time).count();
 }
 
+}  // namespace
+
 CSerializationContext ContextFor(const Options& options) {
   CSerializationContext context;
+  context.SetSchemaType(st_NoNamespaces);
   context.SetIndentChars(options.indent.c_str());
-  context.SetMaxNesting(options.maxNesting);
   context.GetJsonContext().SetSupportRoundtrip(options.jsonMode);
-  if (options.suggestedValues) context.GetFIContext().SetSuggestedValues();
+  CFastInfosetContext& fastInfoset = context.GetFIContext();
+  fastInfoset.SetQualifiedNames(true);
+  fastInfoset.SetReadInitialVocabulary(true);
+  fastInfoset.SetRequireWellFormed(true);
+  if (options.suggestedValues) fastInfoset.SetSuggestedValues();
   return context;
 }
 
-// Gives the format of the source. The tree of the source is gone when this returns.
-Format ReadDocument(const std::string& bytes, const Options& options,
-                    CSerializationContext& context, COpenDocument& target) {
-  CXmlDocument source(context);
-  const Format format = LoadDocument(bytes, options.from, context, source);
-  if (!source.GetDocumentElement()) throw CTovikException(u"The document has no root element");
-  target.FromXmlElement(source.GetDocumentElement(), context);
-  Prefixes(source).ApplyTo(context);
-  return format;
+Conversion ConvertBytes(std::string bytes, const Options& options,
+                        const CSerializationContext& context, Progress& progress) {
+  progress.Step("taking the document in");
+  CXmlDocument document(context);
+  const Clock::time_point start = Clock::now();
+  Conversion result;
+  result.from = LoadDocument(std::move(bytes), options.from, context, document);
+  const Clock::time_point read = Clock::now();
+  progress.Step(std::string("writing ") + NameOf(options.to));
+  const CSmartPtr<CTreeObject> object(new CTreeObject(document,
+                                                      result.from == Format::kFastInfoset
+                                                          ? Namespaces::Source::kFastInfoset
+                                                          : Namespaces::Source::kXmlText,
+                                                      options));
+  result.output = Encode(*object, options, context);
+  // The members of a JSON object have no order among themselves.
+  result.isReordered = object->HasMixedContent() && result.from != Format::kJson;
+  result.readTime = Milliseconds(read - start);
+  result.writeTime = Milliseconds(Clock::now() - read);
+  return result;
 }
-
-}  // namespace
 
 void Convert(const Options& options) {
   Progress progress;
-  const std::string input = ReadInput(options.input, progress);
-  CSerializationContext context = ContextFor(options);
-  const CSmartPtr<COpenDocument> document(new COpenDocument(options));
-
-  progress.Step("taking the document in");
-  const auto start = Clock::now();
-  const Format format = ReadDocument(input, options, context, *document);
-  const auto read = Clock::now();
-  progress.Step(std::string("writing ") + NameOf(options.to));
-  const std::string output = Encode(*document, options, context);
-  const auto written = Clock::now();
-  WriteOutput(options.output, output);
+  std::string input = ReadInput(options.input, progress);
+  const std::size_t inputSize = input.size();
+  const Conversion result = ConvertBytes(std::move(input), options, ContextFor(options), progress);
+  WriteOutput(options.output, result.output.Pieces());
 
   progress.Clear();
+  if (result.isReordered) {
+    std::fputs("tovikxml-convert: text beside elements stands behind them now\n", stderr);
+  }
   if (!options.stats) return;
   std::fprintf(stderr, "%s, %zu bytes -> %s, %zu bytes; read in %.1f ms, written in %.1f ms\n",
-               NameOf(format), input.size(), NameOf(options.to), output.size(),
-               Milliseconds(read - start), Milliseconds(written - read));
+               NameOf(result.from), inputSize, NameOf(options.to), result.output.GetSize(),
+               result.readTime, result.writeTime);
 }
 
 }  // namespace TovikXmlConvert

@@ -3,9 +3,13 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 #include <limits>
 #include <memory>
 #include <string_view>
+#include <utility>
+
+#include "tools/convert/decompression.h"
 
 using namespace TovikXmlLib16;
 
@@ -13,6 +17,7 @@ namespace TovikXmlConvert {
 namespace {
 
 constexpr std::size_t kBlock = 1u << 16;
+constexpr std::size_t kMaxInput = std::numeric_limits<std::uint32_t>::max();
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 constexpr std::string_view kFastInfosetStart("\xE0\x00\x00\x01", 4);
@@ -27,15 +32,6 @@ using File = std::unique_ptr<std::FILE, decltype(&CloseFile)>;
   throw FileError("cannot read " + name + ": " + std::strerror(errno));
 }
 
-// RFC 1952 and 1950.
-bool IsCompressed(std::string_view bytes) {
-  if (bytes.size() < 2) return false;
-  const auto first = static_cast<unsigned char>(bytes[0]);
-  const auto second = static_cast<unsigned char>(bytes[1]);
-  if (first == 0x1F && second == 0x8B) return true;
-  return (first & 0x0F) == 8 && (first >> 4) <= 7 && (first * 256 + second) % 31 == 0;
-}
-
 // The first byte that is no white space; the zero bytes of UTF-16 are passed over as well.
 char FirstSign(std::string_view bytes) {
   if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
@@ -45,13 +41,16 @@ char FirstSign(std::string_view bytes) {
 }
 
 // JSON begins with an object, or with a comment in front of it. No XML text or Fast Infoset does.
-Format Recognise(std::string_view bytes) {
+bool IsJson(std::string_view bytes) {
   const char sign = FirstSign(bytes);
-  if (sign == '{' || sign == '[' || sign == '/') return Format::kJson;
-  const bool isDeclared = bytes.starts_with("<?xml") &&
-                          bytes.substr(0, bytes.find("?>")).find("finf") != std::string_view::npos;
-  if (isDeclared || bytes.starts_with(kFastInfosetStart)) return Format::kFastInfoset;
-  return Format::kXml;
+  return sign == '{' || sign == '[' || sign == '/';
+}
+
+// A declaration may stand in front.
+bool IsFastInfoset(std::string_view bytes) {
+  const auto end = bytes.starts_with("<?xml") ? bytes.find("?>") : std::string_view::npos;
+  if (end != std::string_view::npos) bytes.remove_prefix(end + 2);
+  return bytes.starts_with(kFastInfosetStart);
 }
 
 const unsigned char* Octets(std::string_view bytes) {
@@ -77,34 +76,10 @@ WString DecodeUtf16(std::string_view bytes) {
   return text;
 }
 
-void LoadXml(std::string_view bytes, CXmlDocument& document) {
-  document.LoadXmlStream(Octets(bytes), bytes.size());
-}
-
-void LoadJson(std::string_view bytes, const CSerializationContext& context,
-              CXmlDocument& document) {
+CBinaryData XmlOfJson(std::string_view bytes, const CSerializationContext& context) {
   CXmlDocument json(context);
-  const CBinaryData xml = IsUtf16(bytes) ? json.LoadJson(DecodeUtf16(bytes).c_str())
-                                         : json.LoadJsonStream(Octets(bytes), bytes.size());
-  document.LoadXmlStream(xml.GetData(), xml.GetLength());
-}
-
-// What compressed bytes hold shows only when they are loaded. XML text and Fast Infoset are
-// recognised by the library, so that JSON is what remains.
-Format LoadCompressed(std::string_view bytes, const CSerializationContext& context,
-                      CXmlDocument& document) {
-  try {
-    LoadXml(bytes, document);
-    return Format::kUnknown;
-  } catch (const CTovikException& asXml) {
-    try {
-      LoadJson(bytes, context, document);
-      return Format::kJson;
-    } catch (const CTovikException& asJson) {
-      throw CTovikException(u"The compressed document is neither XML nor JSON.\nAs XML: " +
-                            asXml.GetFullMessage() + u"\nAs JSON: " + asJson.GetFullMessage());
-    }
-  }
+  return IsUtf16(bytes) ? json.LoadJson(DecodeUtf16(bytes).c_str())
+                        : json.LoadJsonStream(Octets(bytes), bytes.size());
 }
 
 }  // namespace
@@ -113,6 +88,9 @@ std::string ReadInput(const std::string& name, Progress& progress) {
   const File file(name == "-" ? stdin : std::fopen(name.c_str(), "rb"), &CloseFile);
   if (!file) Refuse(name);
   std::string bytes;
+  std::error_code unknown;
+  const auto size = std::filesystem::file_size(name, unknown);
+  if (!unknown && size < kMaxInput) bytes.reserve(static_cast<std::size_t>(size) + kBlock);
   std::size_t length = 0;
   do {
     bytes.resize(length + kBlock);
@@ -120,24 +98,30 @@ std::string ReadInput(const std::string& name, Progress& progress) {
     progress.CountRead(length);
   } while (length == bytes.size());
   if (std::ferror(file.get())) Refuse(name);
-  if (length > std::numeric_limits<std::uint32_t>::max()) {
+  if (length > kMaxInput) {
     throw FileError(name + " is longer than 4 GB");
   }
   bytes.resize(length);
   return bytes;
 }
 
-Format LoadDocument(const std::string& bytes, Format told, const CSerializationContext& context,
+Format LoadDocument(std::string bytes, Format told, const CSerializationContext& context,
                     CXmlDocument& document) {
-  if (told == Format::kUnknown && IsCompressed(bytes)) {
-    return LoadCompressed(bytes, context, document);
-  }
-  const Format format = told == Format::kUnknown ? Recognise(bytes) : told;
+  bytes = Decompressed(std::move(bytes), context);
+  Format format = IsFastInfoset(bytes) ? Format::kFastInfoset : Format::kXml;
+  if (told == Format::kJson || (told == Format::kUnknown && IsJson(bytes))) format = Format::kJson;
   if (format == Format::kJson) {
-    LoadJson(bytes, context, document);
+    const CBinaryData xml = XmlOfJson(bytes, context);
+    bytes = std::string();
+    document.LoadXmlStream(xml.GetData(), xml.GetLength());
   } else {
-    LoadXml(bytes, document);
+    document.LoadXmlStream(Octets(bytes), bytes.size());
   }
+  if (!document.GetUnreadEntity().empty()) {
+    throw CTovikException(u"The document refers to the entity [" + document.GetUnreadEntity() +
+                          u"], which is not read");
+  }
+  if (!document.GetDocumentElement()) throw CTovikException(u"The document has no root element");
   return format;
 }
 

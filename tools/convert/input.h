@@ -18,9 +18,10 @@ class FileError : public std::runtime_error {
 /// The whole of a file, or of standard input for "-". Throws `FileError`.
 std::string ReadInput(const std::string& name, Progress& progress);
 
-/// Loads `bytes` as the options or the bytes themselves tell and gives the format that they have,
-/// `Format::kUnknown` for compressed XML text or Fast Infoset. Throws `CTovikException`.
-Format LoadDocument(const std::string& bytes, Format told,
+/// Loads `bytes` as JSON, or as whichever of XML text and Fast Infoset they are, and gives their
+/// format. If none is told JSON is recognised, too. Throws `CTovikException`, also for a document
+/// that refers to an entity which is not read.
+Format LoadDocument(std::string bytes, Format told,
                     const TovikXmlLib16::CSerializationContext& context,
                     TovikXmlLib16::CXmlDocument& document);
 

@@ -7,6 +7,7 @@
 #include "tools/convert/converter.h"
 #include "tools/convert/input.h"
 #include "tools/convert/options.h"
+#include "tools/convert/output_file.h"
 
 namespace {
 
@@ -18,10 +19,10 @@ int Run(int argc, char** argv) {
   const Options options = ParseOptions(argc, argv);
   switch (options.action) {
     case Options::Action::kHelp:
-      std::fputs(HelpText(), stdout);
+      WriteOutput("-", {HelpText()});
       break;
     case Options::Action::kVersion:
-      std::puts("tovikxml-convert " TOVIKXML_CONVERT_VERSION);
+      WriteOutput("-", {"tovikxml-convert " TOVIKXML_CONVERT_VERSION "\n"});
       break;
     case Options::Action::kConvert:
       Convert(options);

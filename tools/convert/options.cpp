@@ -186,7 +186,7 @@ const char* NameOf(Format format) {
   for (const auto& [word, value] : kFormats) {
     if (value == format) return word.data();
   }
-  return "xml or fi";
+  return "";
 }
 
 Options ParseOptions(int argc, char** argv) {

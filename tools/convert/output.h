@@ -1,21 +1,29 @@
 #ifndef TOVIKXML_TOOLS_CONVERT_OUTPUT_H_
 #define TOVIKXML_TOOLS_CONVERT_OUTPUT_H_
 
-#include <string>
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
-#include "tools/convert/open_document.h"
 #include "tools/convert/options.h"
+#include "tools/convert/tree_object.h"
 #include "tovikxml/tovikxml.h"
 
 namespace TovikXmlConvert {
 
-/// The document as the options ask for it. Throws `CTovikException`.
-std::string Encode(const COpenDocument& document, const Options& options,
-                   const TovikXmlLib16::CSerializationContext& context);
+/// A document in bytes, with what a file of it has in front and behind.
+struct Encoded {
+  std::string_view mark;
+  TovikXmlLib16::CBinaryData document;
+  std::string_view lineEnd;
 
-/// Writes a file, or standard output for "-". Throws `FileError`.
-void WriteOutput(const std::string& name, std::string_view bytes);
+  std::vector<std::string_view> Pieces() const;
+  std::size_t GetSize() const { return mark.size() + document.GetLength() + lineEnd.size(); }
+};
+
+/// The document as the options ask for it. Throws `CTovikException`.
+Encoded Encode(const CTreeObject& object, const Options& options,
+               const TovikXmlLib16::CSerializationContext& context);
 
 }  // namespace TovikXmlConvert
 

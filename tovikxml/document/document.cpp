@@ -165,6 +165,7 @@ void CXmlDocument::Cleanup() {
   m_open.clear();
   m_aliases.clear();
   m_prefixes.reset();
+  m_unreadEntity.clear();
 }
 
 WString CXmlDocument::LookupAliasFromNamespace(const wchar* uri) const {

@@ -177,6 +177,11 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   CBinaryData LoadJson(const wchar* text);
   /// @}
 
+  /// The name of the first entity that the document refers to and that was not read, so that its
+  /// text is missing in the tree; empty if there is none. External entities are never read, nor is
+  /// the external part of a document type, in which others are declared. An entity that a Fast
+  /// Infoset document has under an index alone is named by that, as in "#3".
+  const WString& GetUnreadEntity() const { return m_unreadEntity; }
   /// The root; null before a load.
   CXmlElement* GetDocumentElement() const { return m_root; }
   /// The first prefix, in ascending order, that is bound to the URI anywhere in the document. Empty
@@ -236,6 +241,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   std::map<WString, WString> m_aliases;
   // The prefixes of each namespace, from the first time that one is asked for.
   mutable std::optional<std::map<WString, std::set<WString>>> m_prefixes;
+  WString m_unreadEntity;
   int m_schemaType;
   WString m_lentText;
   ElementCallback m_callback = nullptr;

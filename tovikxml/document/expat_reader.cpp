@@ -8,8 +8,9 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
-#include "tovikxml/base/utf8.h"
 #include "tovikxml/document/document.h"
+#include "tovikxml/document/expat_text.h"
+#include "tovikxml/document/unread_entities.h"
 #include "tovikxml/document/xml_names.h"
 #include "tovikxml/settings/serialization_context.h"
 
@@ -17,43 +18,8 @@ namespace TovikXmlLib16 {
 namespace {
 
 constexpr XML_Char kNamespaceSeparator = '|';
-// expat takes lengths as int.
-constexpr std::size_t kLargestPiece = std::size_t{1} << 30;
-
-std::size_t LengthOf(const XML_Char* text) {
-  std::size_t length = 0;
-  while (text[length]) ++length;
-  return length;
-}
-
-// What expat hands over, as 16-bit text. Its 16-bit build gives that already; the text of its
-// 8-bit build is converted into `scratch`, where it stays until the next conversion.
-#ifdef XML_UNICODE
-static_assert(sizeof(XML_Char) == sizeof(wchar));
-
-WStringView Widen(const XML_Char* text, std::size_t length, WString& /*scratch*/) {
-  return {reinterpret_cast<const wchar*>(text), length};
-}
-
-const wchar* WidenName(const XML_Char* name, WString& /*scratch*/) {
-  return reinterpret_cast<const wchar*>(name);
-}
-#else
-WStringView Widen(const XML_Char* text, std::size_t length, WString& scratch) {
-  // expat has checked the encoding and never cuts a character.
-  scratch = DecodeUtf8({text, length}).value_or(WString());
-  return scratch;
-}
-
-const wchar* WidenName(const XML_Char* name, WString& scratch) {
-  Widen(name, LengthOf(name), scratch);
-  return scratch.c_str();
-}
-#endif
-
-WStringView Widen(const XML_Char* text, WString& scratch) {
-  return text ? Widen(text, LengthOf(text), scratch) : WStringView();
-}
+// expat keeps a copy of each piece, and looks again at what a piece leaves unfinished.
+constexpr std::size_t kLargestPiece = std::size_t{1} << 24;
 
 CTovikException Failure(XML_Parser parser, XML_Error error) {
   return CTovikException(
@@ -72,7 +38,8 @@ struct CExpatReader::Handlers {
   std::exception_ptr failure{};
   WString nameScratch{};
   WString valueScratch{};
-  bool hasDocumentType = false;
+  // Made where there is a document type, without which there are no entities.
+  std::optional<CUnreadEntities> entities{};
 
   template <class Action>
   static void Guard(void* userData, Action action) {
@@ -89,6 +56,10 @@ struct CExpatReader::Handlers {
   static void XMLCALL OnStartElement(void* userData, const XML_Char* name,
                                      const XML_Char** attributes) {
     Guard(userData, [&](Handlers& self) {
+      if (self.entities) {
+        self.entities->LookAtStartTag();
+        self.KeepUnreadEntity();
+      }
       CXmlDocument& target = *self.document;
       CXmlElement* element = target.AddElement(target.KeepName(WidenName(name, self.nameScratch)));
       const XML_Char** end = attributes;
@@ -114,7 +85,7 @@ struct CExpatReader::Handlers {
       if (length == 1 && *text == '\r') return;
       const auto size = static_cast<std::size_t>(length);
       const WStringView run = Widen(text, size, self.valueScratch);
-      if (self.hasDocumentType) {
+      if (self.entities) {
         self.document->AppendTextExcludingCR(run);
       } else {
         self.document->AppendText(run);
@@ -125,8 +96,60 @@ struct CExpatReader::Handlers {
   static void XMLCALL OnStartDocumentType(void* userData, const XML_Char* /*name*/,
                                           const XML_Char* /*systemId*/,
                                           const XML_Char* /*publicId*/, int /*hasSubset*/) {
-    static_cast<Handlers*>(userData)->hasDocumentType = true;
+    Guard(userData, [](Handlers& self) {
+      self.entities.emplace(self.parser);
+      XML_SetEntityDeclHandler(self.parser, OnEntityDeclaration);
+      XML_SetAttlistDeclHandler(self.parser, OnAttributeDeclaration);
+      XML_SetSkippedEntityHandler(self.parser, OnSkippedEntity);
+      XML_SetExternalEntityRefHandler(self.parser, OnExternalEntity);
+    });
   }
+
+  static void XMLCALL OnEntityDeclaration(void* userData, const XML_Char* name, int isParameter,
+                                          const XML_Char* text, int length,
+                                          const XML_Char* /*base*/, const XML_Char* /*systemId*/,
+                                          const XML_Char* /*publicId*/,
+                                          const XML_Char* /*notation*/) {
+    if (isParameter) return;
+    Guard(userData, [&](Handlers& self) {
+      const WStringView widened =
+          text ? Widen(text, static_cast<std::size_t>(length), self.valueScratch) : WStringView();
+      const WString value(widened);
+      self.entities->Declare(Widen(name, self.nameScratch), text ? &value : nullptr);
+    });
+  }
+
+  // The parser is at the default value, if there is one.
+  static void XMLCALL OnAttributeDeclaration(void* userData, const XML_Char* /*element*/,
+                                             const XML_Char* /*attribute*/,
+                                             const XML_Char* /*type*/, const XML_Char* value,
+                                             int /*isRequired*/) {
+    if (!value) return;
+    Guard(userData, [](Handlers& self) {
+      self.entities->LookAtDefaultValue();
+      self.KeepUnreadEntity();
+    });
+  }
+
+  static void XMLCALL OnSkippedEntity(void* userData, const XML_Char* name, int isParameter) {
+    if (isParameter) return;
+    Guard(userData, [&](Handlers& self) {
+      self.entities->Note(Widen(name, self.nameScratch));
+      self.KeepUnreadEntity();
+    });
+  }
+
+  static int XMLCALL OnExternalEntity(XML_Parser parser, const XML_Char* openEntities,
+                                      const XML_Char* /*base*/, const XML_Char* /*systemId*/,
+                                      const XML_Char* /*publicId*/) {
+    Guard(XML_GetUserData(parser), [&](Handlers& self) {
+      self.entities->NoteOpen(Widen(openEntities, self.nameScratch));
+      self.KeepUnreadEntity();
+    });
+    return 1;
+  }
+
+  void KeepUnreadEntity() { document->m_unreadEntity = entities->GetFirst(); }
 
   // The parser is given UTF-8 and told to look at no declaration, so this looks at it.
   static void XMLCALL OnXmlDeclarationOfUtf16(void* userData, const XML_Char* /*version*/,

@@ -25,6 +25,15 @@ inline constexpr std::string_view kFIDeclarations[] = {
 /// Identification and version 1 (12.6, 12.7).
 inline constexpr unsigned char kFIIdentification[] = {0xE0, 0x00, 0x00, 0x01};
 
+/// The external vocabulary of a context that gives it no URI.
+inline constexpr WStringView kFIDefaultVocabularyUri = u"urn:tovikxml:external-vocabulary";
+
+/// Presence bits of the header's optional components, and the highest of those of an initial
+/// vocabulary (C.2.3, C.2.5).
+inline constexpr unsigned kFIAdditionalData = 0x40;
+inline constexpr unsigned kFIInitialVocabulary = 0x20;
+inline constexpr unsigned kFIExternalVocabulary = 0x1000;
+
 inline constexpr unsigned kFITerminator = 0xF0;
 inline constexpr unsigned kFIDoubleTerminator = 0xFF;
 

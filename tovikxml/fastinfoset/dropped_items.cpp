@@ -5,11 +5,6 @@ namespace {
 
 using SkipItem = void (*)(CFIOctetInput&);
 
-// An octet string behind a padding bit.
-void SkipOctetString(CFIOctetInput& input) {
-  input.ReadString(kFILengthBit2, input.ReadOctet());
-}
-
 void SkipIdentifyingString(CFIOctetInput& input) {
   const unsigned octet = input.ReadOctet();
   if (octet >= 0x80) {
@@ -19,15 +14,11 @@ void SkipIdentifyingString(CFIOctetInput& input) {
   }
 }
 
-void SkipEncodedString(CFIOctetInput& input, unsigned octet) {
+void SkipEncodedStringBehind(CFIOctetInput& input, unsigned octet) {
   const FIStringCode& code = kFIStringBit3;
   const unsigned form = octet & code.formMask;
   if (form == code.alphabetForm || form == code.algorithmForm) octet = input.ReadOctet();
   input.ReadString(*code.length, octet);
-}
-
-void SkipEncodedString(CFIOctetInput& input) {
-  SkipEncodedString(input, input.ReadOctet());
 }
 
 void SkipStringOrIndex(CFIOctetInput& input) {
@@ -35,7 +26,7 @@ void SkipStringOrIndex(CFIOctetInput& input) {
   if (octet >= 0x80) {
     input.ReadIndexOrZero(octet);
   } else {
-    SkipEncodedString(input, octet);
+    SkipEncodedStringBehind(input, octet);
   }
 }
 
@@ -55,16 +46,8 @@ void SkipAdditionalDatum(CFIOctetInput& input) {
   SkipOctetString(input);
 }
 
-// How many items follow (C.21).
-std::uint32_t ReadSequenceLength(CFIOctetInput& input) {
-  const unsigned octet = input.ReadOctet();
-  if (octet < 0x80) return octet + 1;
-  if (octet & 0x70) ThrowParseFailure(u"Invalid Encoding of the length of a sequence.");
-  return ((octet & 0x0F) << 16 | input.ReadBigEndian(2)) + 129;
-}
-
 void SkipSequence(CFIOctetInput& input, SkipItem skip) {
-  for (std::uint32_t left = ReadSequenceLength(input); left > 0; --left) skip(input);
+  for (std::uint32_t left = input.ReadSequenceLength(); left > 0; --left) skip(input);
 }
 
 // The lists of an initial vocabulary in the order of their presence bits, the highest first.
@@ -82,22 +65,11 @@ constexpr SkipItem kVocabularyLists[] = {
     SkipNameSurrogate,  // element names
     SkipNameSurrogate,  // attribute names
 };
-constexpr unsigned kExternalVocabulary = 0x1000;
-
-void SkipInitialVocabulary(CFIOctetInput& input) {
-  unsigned bit = kExternalVocabulary;
-  const unsigned presence = input.ReadBigEndian(2);
-  if (presence & bit) SkipOctetString(input);
-  for (const SkipItem skip : kVocabularyLists) {
-    bit >>= 1;
-    if (presence & bit) SkipSequence(input, skip);
-  }
-}
 
 // A name and, by the two low bits, two more identifiers.
 void SkipIdentifiers(CFIOctetInput& input, unsigned identification) {
   SkipIdentifyingString(input);
-  SkipDocumentType(input, identification);
+  SkipExternalIdentifiers(input, identification);
 }
 
 void SkipNotations(CFIOctetInput& input) {
@@ -119,10 +91,29 @@ void SkipUnparsedEntities(CFIOctetInput& input) {
 
 }  // namespace
 
-void SkipOptionalComponents(CFIOctetInput& input) {
-  const unsigned presence = input.ReadOctet();
-  if (presence & 0x40) SkipSequence(input, SkipAdditionalDatum);
-  if (presence & 0x20) SkipInitialVocabulary(input);
+void SkipOctetString(CFIOctetInput& input) {
+  input.ReadString(kFILengthBit2, input.ReadOctet());
+}
+
+void SkipEncodedString(CFIOctetInput& input) {
+  SkipEncodedStringBehind(input, input.ReadOctet());
+}
+
+void SkipAdditionalData(CFIOctetInput& input) {
+  SkipSequence(input, SkipAdditionalDatum);
+}
+
+void SkipInitialVocabulary(CFIOctetInput& input) {
+  unsigned bit = kFIExternalVocabulary;
+  const unsigned presence = input.ReadBigEndian(2);
+  if (presence & bit) SkipOctetString(input);
+  for (const SkipItem skip : kVocabularyLists) {
+    bit >>= 1;
+    if (presence & bit) SkipSequence(input, skip);
+  }
+}
+
+void SkipComponentsBehindVocabulary(CFIOctetInput& input, unsigned presence) {
   if (presence & 0x10) SkipNotations(input);
   if (presence & 0x08) SkipUnparsedEntities(input);
   if (presence & 0x04) SkipOctetString(input);    // character encoding scheme
@@ -139,13 +130,9 @@ void SkipComment(CFIOctetInput& input) {
   SkipStringOrIndex(input);
 }
 
-void SkipDocumentType(CFIOctetInput& input, unsigned identification) {
+void SkipExternalIdentifiers(CFIOctetInput& input, unsigned identification) {
   if (identification & 0x02) SkipIdentifyingString(input);
   if (identification & 0x01) SkipIdentifyingString(input);
-}
-
-void SkipEntityReference(CFIOctetInput& input, unsigned identification) {
-  SkipIdentifiers(input, identification);
 }
 
 }  // namespace TovikXmlLib16

@@ -7,17 +7,24 @@
 /// their texts are not decoded. Internal.
 namespace TovikXmlLib16 {
 
-/// Passes over the octet with the presence bits and the optional components behind it (ITU-T
-/// X.891, C.2.3 to C.2.10).
-void SkipOptionalComponents(CFIOctetInput& input);
+/// An octet string behind a padding bit.
+void SkipOctetString(CFIOctetInput& input);
+/// A value behind two padding bits.
+void SkipEncodedString(CFIOctetInput& input);
+
+// The optional components of the header (ITU-T X.891, C.2.3 to C.2.10), of which the octet of
+// presence bits tells which are there.
+
+void SkipAdditionalData(CFIOctetInput& input);
+void SkipInitialVocabulary(CFIOctetInput& input);
+void SkipComponentsBehindVocabulary(CFIOctetInput& input, unsigned presence);
 
 // Each is called behind its identification, from which it takes what is present.
 
 void SkipProcessingInstruction(CFIOctetInput& input);
 void SkipComment(CFIOctetInput& input);
-/// The identifiers of a document type; its children and its end follow.
-void SkipDocumentType(CFIOctetInput& input, unsigned identification);
-void SkipEntityReference(CFIOctetInput& input, unsigned identification);
+/// The two identifiers of a document type or an entity, if they are there.
+void SkipExternalIdentifiers(CFIOctetInput& input, unsigned identification);
 
 }  // namespace TovikXmlLib16
 

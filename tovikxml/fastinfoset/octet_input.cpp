@@ -66,6 +66,13 @@ std::uint32_t CFIOctetInput::ReadIndexOrZero(unsigned octet) {
   }
 }
 
+std::uint32_t CFIOctetInput::ReadSequenceLength() {
+  const unsigned octet = ReadOctet();
+  if (octet < 0x80) return octet + 1;
+  if (octet & 0x70) ThrowParseFailure(u"Invalid Encoding of the length of a sequence.");
+  return ((octet & 0x0F) << 16 | ReadBigEndian(2)) + 129;
+}
+
 std::uint32_t CFIOctetInput::ReadBigEndian(unsigned octets) {
   std::uint32_t value = 0;
   while (octets-- > 0) value = value << 8 | ReadOctet();

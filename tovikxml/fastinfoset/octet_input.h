@@ -25,6 +25,7 @@ class CFIOctetInput {
   /// The octets outlive the input.
   CFIOctetInput(const unsigned char* data, std::size_t length) : m_at(data), m_end(data + length) {}
 
+  bool IsAtEnd() const { return m_at == m_end; }
   unsigned ReadOctet() {
     if (m_at == m_end) ThrowEndOfFile();
     return *m_at++;
@@ -34,6 +35,8 @@ class CFIOctetInput {
   std::uint32_t ReadIndex(const FIIndexCode& code, unsigned octet);
   /// An index from 0 (C.26).
   std::uint32_t ReadIndexOrZero(unsigned octet);
+  /// How many items follow (C.21). Throws "... Invalid Encoding of the length of a sequence."
+  std::uint32_t ReadSequenceLength();
   /// Octets of a number, high first.
   std::uint32_t ReadBigEndian(unsigned octets);
 

@@ -7,11 +7,11 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/document/document.h"
+#include "tovikxml/document/xml_names.h"
 #include "tovikxml/fastinfoset/algorithm_codes.h"
 #include "tovikxml/fastinfoset/dropped_items.h"
 #include "tovikxml/fastinfoset/octet_text.h"
 #include "tovikxml/fastinfoset/restricted_alphabet.h"
-#include "tovikxml/fastinfoset/vocabulary_tables.h"
 #include "tovikxml/settings/fastinfoset_context.h"
 #include "tovikxml/settings/serialization_context.h"
 
@@ -49,46 +49,21 @@ Entry& EntryAt(std::vector<Entry>& table, std::uint32_t index, const wchar* what
   return table[index - 1];
 }
 
-template <class Table>
-std::vector<WString> StringsOf(const Table& table) {
-  return {table.begin(), table.end()};
-}
-
 }  // namespace
-
-// False for a table that the format lets grow no more.
-template <class Entry>
-bool CFastInfosetReader::AddTo(std::vector<Entry>& table, const Entry& entry) {
-  if (table.size() >= kMaxVocabularyTable) return false;
-  if (table.size() >= m_tableLimit) {
-    ThrowParseFailure(FormatString(u"A table exceeds the limit of %u entries.", m_tableLimit));
-  }
-  table.push_back(entry);
-  return true;
-}
 
 CFastInfosetReader::CFastInfosetReader(const CFastInfosetContext& context, CXmlDocument& document)
     : CInstanceMonitor(u"CFastInfosetReader"),
+      m_context(context),
       m_document(document),
+      m_hasQualifiedNames(context.GetQualifiedNames()),
       m_textLimit(document.m_context->GetMaxExpandedText()),
       m_textLeft(m_textLimit),
       m_tableLimit(document.m_context->GetMaxTableEntries()) {
-  const CFIVocabulary initial;
-  const CFIVocabulary& start =
-      context.GetUseGeneratedVocabulary() ? *context.GetVocabulary() : initial;
-  m_prefixNames = StringsOf(start.GetPrefixNamesTable());
-  m_namespaceNames = StringsOf(start.GetNamespaceNamesTable());
-  m_localNames = StringsOf(start.GetLocalNamesTable());
-  m_attributeValues = StringsOf(start.GetAttributeValuesTable());
-  m_characterChunks = StringsOf(start.GetCharacterChunksTable());
-  const auto fill = [](QNameTable& table, const CFIVocabulary::CFIQNameTable& names) {
-    for (const CFIVocabulary::CQNameParts& parts : names) {
-      table.push_back({nullptr, static_cast<std::uint32_t>(parts.namespaceIndex),
-                       static_cast<std::uint32_t>(parts.localNameIndex)});
-    }
-  };
-  fill(m_elementNames, start.GetElementNamesTable());
-  fill(m_attributeNames, start.GetAttributeNamesTable());
+  const bool isGenerated =
+      context.GetUseGeneratedVocabulary() && !context.GetReadInitialVocabulary();
+  if (context.GetRequireWellFormed()) m_wellFormedness.emplace();
+  const CFIVocabulary builtIn;
+  StartFrom(isGenerated ? *context.GetVocabulary() : builtIn);
 }
 
 CFastInfosetReader::~CFastInfosetReader() = default;
@@ -101,7 +76,7 @@ bool CFastInfosetReader::Read(const unsigned char* data, std::size_t length) {
   const std::size_t header = HeaderLength(data, length);
   if (header == 0) return false;
   CFIOctetInput input(data + header, length - header);
-  SkipOptionalComponents(input);
+  ReadOptionalComponents(input);
   ReadDocumentChildren(input);
   return true;
 }
@@ -111,20 +86,40 @@ bool CFastInfosetReader::Read(const unsigned char* data, std::size_t length) {
 void CFastInfosetReader::ReadDocumentChildren(CFIOctetInput& input) {
   for (bool isInDocumentType = false;;) {
     const unsigned octet = input.ReadOctet();
-    if (octet < 0x80) {
-      StartElement(input, octet);
-      while (HasOpenElement()) ReadContent(input, input.ReadOctet());
-      return;
-    }
+    if (octet < 0x80) return ReadRoot(input, octet);
     if (octet == kFIDoubleTerminator || (octet == kFITerminator && !isInDocumentType)) return;
     if (octet == kFITerminator) isInDocumentType = false;
     if (octet == 0xE1) SkipProcessingInstruction(input);
     if (octet == 0xE2) SkipComment(input);
     if ((octet & 0xFC) == 0xC4) {
-      SkipDocumentType(input, octet);
+      SkipExternalIdentifiers(input, octet);
       isInDocumentType = true;
     }
   }
+}
+
+void CFastInfosetReader::ReadRoot(CFIOctetInput& input, unsigned octet) {
+  StartElement(input, octet);
+  while (HasOpenElement()) ReadContent(input, input.ReadOctet());
+  if (m_wellFormedness) RequireEnd(input);
+}
+
+// What stands behind the root, to the last octet.
+void CFastInfosetReader::RequireEnd(CFIOctetInput& input) {
+  while (!m_isEnded) {
+    const unsigned octet = input.ReadOctet();
+    if (octet < 0x80) ThrowParseFailure(u"The document has two roots.");
+    if (octet == 0xE1) {
+      SkipProcessingInstruction(input);
+    } else if (octet == 0xE2) {
+      SkipComment(input);
+    } else if (octet == kFITerminator) {
+      m_isEnded = true;
+    } else {
+      ThrowParseFailure(u"Invalid Encoding of Document type.");
+    }
+  }
+  if (!input.IsAtEnd()) ThrowParseFailure(u"The document has octets behind its end.");
 }
 
 void CFastInfosetReader::ReadContent(CFIOctetInput& input, unsigned octet) {
@@ -134,13 +129,27 @@ void CFastInfosetReader::ReadContent(CFIOctetInput& input, unsigned octet) {
   if (octet == kFIDoubleTerminator) {
     m_document.CloseElement();
     // The second half is the end of the document behind the root.
-    if (HasOpenElement()) m_document.CloseElement();
+    m_isEnded = !HasOpenElement();
+    if (!m_isEnded) m_document.CloseElement();
     return;
   }
   if (octet == 0xE1) return SkipProcessingInstruction(input);
   if (octet == 0xE2) return SkipComment(input);
-  if ((octet & 0xFC) == 0xC8) return SkipEntityReference(input, octet);
+  if ((octet & 0xFC) == 0xC8) return ReadEntityReference(input, octet);
   ThrowParseFailure(u"Invalid Encoding of Element type.");
+}
+
+// The text of the entity has no place in the document, but that it is missing is told.
+void CFastInfosetReader::ReadEntityReference(CFIOctetInput& input, unsigned octet) {
+  WString name;
+  const unsigned first = input.ReadOctet();
+  if (first >= 0x80) {
+    name = FormatString(u"#%u", input.ReadIndex(kFIIndexBit2, first));
+  } else {
+    AppendUtf8(name, input.ReadString(kFILengthBit2, first));
+  }
+  SkipExternalIdentifiers(input, octet);
+  if (m_document.m_unreadEntity.empty()) m_document.m_unreadEntity = name;
 }
 
 void CFastInfosetReader::StartElement(CFIOctetInput& input, unsigned octet) {
@@ -150,8 +159,11 @@ void CFastInfosetReader::StartElement(CFIOctetInput& input, unsigned octet) {
   m_document.AddElement(isLiteral
                             ? ReadLiteralName(input, octet, m_elementNames)
                             : ResolveName(m_elementNames, input.ReadIndex(kFIIndexBit3, octet)));
+  AddDeclarations();
+  const unsigned end = hasAttributes ? ReadAttributes(input) : kFITerminator;
+  if (m_wellFormedness) m_wellFormedness->RequireDistinctAttributes(*m_document.TopElement());
   // A double terminator ends the attributes and this element alone.
-  if (hasAttributes && ReadAttributes(input) == kFIDoubleTerminator) m_document.CloseElement();
+  if (end == kFIDoubleTerminator) m_document.CloseElement();
 }
 
 // Gives the octet that identifies the name, which stands behind the terminator.
@@ -167,7 +179,20 @@ void CFastInfosetReader::ReadNamespaceAttribute(CFIOctetInput& input, unsigned o
   if (octet & 0x02) prefix = ReadNamePart(input, m_prefixNames, m_prefix);
   if (octet & 0x01) uri = ReadNamePart(input, m_namespaceNames, m_namespace);
   CountText(prefix.text->size() + uri.text->size());
+  AdmitText(*uri.text);
+  if (m_wellFormedness && (octet & 0x02)) m_wellFormedness->RequireName(*prefix.text);
   m_document.BindAlias(*prefix.text, *uri.text);
+  if (m_hasQualifiedNames) m_declarations.emplace_back(*prefix.text, *uri.text);
+}
+
+void CFastInfosetReader::AddDeclarations() {
+  for (const auto& [prefix, uri] : m_declarations) {
+    m_qualifiedName = prefix.empty() ? u"xmlns" : u"xmlns:" + prefix;
+    CountText(m_qualifiedName.size());
+    m_document.AddElementAttribute(m_document.TopElement(),
+                                   m_document.KeepName(kXmlnsNamespace, m_qualifiedName), uri);
+  }
+  m_declarations.clear();
 }
 
 // Gives the octet behind the attributes: any of 80 and above ends them.
@@ -184,6 +209,7 @@ void CFastInfosetReader::ReadAttribute(CFIOctetInput& input, unsigned octet) {
                              : ResolveName(m_attributeNames, input.ReadIndex(kFIIndexBit2, octet));
   const WStringView value = ReadAttributeValue(input);
   CountText(value.size());
+  AdmitText(value);
   m_document.AddElementAttribute(m_document.TopElement(), name, value);
 }
 
@@ -203,6 +229,7 @@ void CFastInfosetReader::ReadCharacterChunk(CFIOctetInput& input, unsigned octet
     const std::uint32_t index = input.ReadIndex(kFIIndexBit4, octet);
     const WString& text = EntryAt(m_characterChunks, index, u"character chunk");
     CountText(text.size());
+    AdmitText(text);
     return m_document.AppendTextExcludingCR(text);
   }
   const bool isAdded = (octet & 0x10) != 0;
@@ -220,33 +247,39 @@ void CFastInfosetReader::ReadUtf8Chunk(CFIOctetInput& input, unsigned octet, boo
     return AppendValue(isAdded);
   }
   CountText(octets.length);
+  AdmitText(m_value);
   m_document.AppendText(m_value);
   if (isAdded) AddTo(m_characterChunks, m_value);
 }
 
 void CFastInfosetReader::AppendValue(bool isAdded) {
   CountText(m_value.size());
+  AdmitText(m_value);
   m_document.AppendTextExcludingCR(m_value);
   if (isAdded) AddTo(m_characterChunks, m_value);
+}
+
+void CFastInfosetReader::RequireNamespaceOfPrefix(bool hasPrefix, bool hasNamespace) {
+  if (hasPrefix && !hasNamespace) {
+    ThrowParseFailure(u"Invalid QName type Prefix without Namespace.");
+  }
 }
 
 const CXmlName* CFastInfosetReader::ReadLiteralName(CFIOctetInput& input, unsigned octet,
                                                     QNameTable& table) {
   const bool hasPrefix = (octet & 0x02) != 0;
   const bool hasNamespace = (octet & 0x01) != 0;
-  if (hasPrefix && !hasNamespace) {
-    ThrowParseFailure(u"Invalid QName type Prefix without Namespace.");
-  }
+  RequireNamespaceOfPrefix(hasPrefix, hasNamespace);
   NamePart prefix{&kNone, 0};
   NamePart uri{&kNone, 0};
   if (hasPrefix) prefix = ReadNamePart(input, m_prefixNames, m_prefix);
   if (hasNamespace) uri = ReadNamePart(input, m_namespaceNames, m_namespace);
   const NamePart local = ReadNamePart(input, m_localNames, m_localName);
-  const CXmlName* name = KeepName(*uri.text, *local.text);
+  const CXmlName* name = KeepName(*prefix.text, *uri.text, *local.text);
   // A part that found its table full has no index, and so has the name.
   const bool isComplete =
       (!hasPrefix || prefix.index != 0) && (!hasNamespace || uri.index != 0) && local.index != 0;
-  if (isComplete) AddTo(table, QName{name, uri.index, local.index});
+  if (isComplete) AddTo(table, QName{name, prefix.index, uri.index, local.index});
   return name;
 }
 
@@ -256,15 +289,24 @@ const CXmlName* CFastInfosetReader::ResolveName(QNameTable& table, std::uint32_t
     const WString& uri = entry.namespaceIndex == 0
                              ? kNone
                              : EntryAt(m_namespaceNames, entry.namespaceIndex, u"namespace name");
-    entry.name = KeepName(uri, EntryAt(m_localNames, entry.localIndex, u"local name"));
+    const WString& local = EntryAt(m_localNames, entry.localIndex, u"local name");
+    const bool hasPrefix = m_hasQualifiedNames && entry.prefixIndex != 0;
+    entry.name = KeepName(hasPrefix ? EntryAt(m_prefixNames, entry.prefixIndex, u"prefix") : kNone,
+                          uri, local);
   }
   return entry.name;
 }
 
-const CXmlName* CFastInfosetReader::KeepName(const WString& namespaceUri,
+const CXmlName* CFastInfosetReader::KeepName(const WString& prefix, const WString& namespaceUri,
                                              const WString& localName) {
+  AdmitText(namespaceUri);
+  if (m_wellFormedness) m_wellFormedness->RequireName(localName);
   CountText(namespaceUri.size() + localName.size());
-  return m_document.KeepName(namespaceUri, localName);
+  if (!m_hasQualifiedNames || prefix.empty()) return m_document.KeepName(namespaceUri, localName);
+  if (m_wellFormedness) m_wellFormedness->RequireName(prefix);
+  CountText(prefix.size() + 1);
+  m_qualifiedName.assign(prefix).append(u":").append(localName);
+  return m_document.KeepName(namespaceUri, m_qualifiedName);
 }
 
 CFastInfosetReader::NamePart CFastInfosetReader::ReadNamePart(CFIOctetInput& input,
@@ -312,6 +354,10 @@ void CFastInfosetReader::CountText(std::size_t units) {
                                    static_cast<unsigned long long>(m_textLimit)));
   }
   m_textLeft -= bytes;
+}
+
+void CFastInfosetReader::AdmitText(WStringView text) {
+  if (m_wellFormedness) CFIWellFormedness::RequireText(text);
 }
 
 bool CFastInfosetReader::HasOpenElement() const {

@@ -3,11 +3,14 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "tovikxml/base/instance_monitor.h"
 #include "tovikxml/fastinfoset/octet_input.h"
-#include "tovikxml/fastinfoset/vocabulary.h"
+#include "tovikxml/fastinfoset/vocabulary_tables.h"
+#include "tovikxml/fastinfoset/well_formedness.h"
 
 namespace TovikXmlLib16 {
 
@@ -19,7 +22,9 @@ struct CXmlName;
 /// only: whatever the encoding of a value, it becomes its lexical form. Comments, processing
 /// instructions, document types and references to entities are passed over, and so are the optional
 /// components of the header: the tables start from the generated vocabulary of the context, if the
-/// context says so, and otherwise empty.
+/// context says so, and otherwise empty. With `GetReadInitialVocabulary` they start from what the
+/// document says. With `GetRequireWellFormed` it is held to what XML text could say, and with
+/// `GetQualifiedNames` the tree has the prefixes of names and the attributes that declare them.
 ///
 /// Bad input ends in `CTovikException` "Failed to parse FastInfoset. ..." or in one of the messages
 /// of `CFastInfosetBinaryData`. Nothing outside the octets or a table is looked at, no stack is
@@ -42,6 +47,7 @@ class CFastInfosetReader : public CInstanceMonitor {
   // A name whose parts have indexes. It is kept in the document when it is first used.
   struct QName {
     const CXmlName* name;
+    std::uint32_t prefixIndex;
     std::uint32_t namespaceIndex;
     std::uint32_t localIndex;
   };
@@ -52,11 +58,21 @@ class CFastInfosetReader : public CInstanceMonitor {
     std::uint32_t index;
   };
 
+  void ReadOptionalComponents(CFIOctetInput& input);
+  void ReadInitialVocabulary(CFIOctetInput& input);
+  void TakeExternalVocabulary(CFIOctetInput& input);
+  QName ReadNameSurrogate(CFIOctetInput& input);
+  void StartFrom(const CFIVocabulary& vocabulary);
+
   void ReadDocumentChildren(CFIOctetInput& input);
+  void ReadRoot(CFIOctetInput& input, unsigned octet);
+  void RequireEnd(CFIOctetInput& input);
   void ReadContent(CFIOctetInput& input, unsigned octet);
+  void ReadEntityReference(CFIOctetInput& input, unsigned octet);
   void StartElement(CFIOctetInput& input, unsigned octet);
   unsigned ReadNamespaces(CFIOctetInput& input);
   void ReadNamespaceAttribute(CFIOctetInput& input, unsigned octet);
+  void AddDeclarations();
   unsigned ReadAttributes(CFIOctetInput& input);
   void ReadAttribute(CFIOctetInput& input, unsigned octet);
   WStringView ReadAttributeValue(CFIOctetInput& input);
@@ -64,16 +80,27 @@ class CFastInfosetReader : public CInstanceMonitor {
   void ReadUtf8Chunk(CFIOctetInput& input, unsigned octet, bool isAdded);
   void AppendValue(bool isAdded);
 
+  static void RequireNamespaceOfPrefix(bool hasPrefix, bool hasNamespace);
   const CXmlName* ReadLiteralName(CFIOctetInput& input, unsigned octet, QNameTable& table);
   const CXmlName* ResolveName(QNameTable& table, std::uint32_t index);
-  const CXmlName* KeepName(const WString& namespaceUri, const WString& localName);
+  const CXmlName* KeepName(const WString& prefix, const WString& namespaceUri,
+                           const WString& localName);
   NamePart ReadNamePart(CFIOctetInput& input, StringTable& table, WString& literal);
   void ReadEncodedString(CFIOctetInput& input, const FIStringCode& code, unsigned octet);
   void CountText(std::size_t units);
+  void AdmitText(WStringView text);
   bool HasOpenElement() const;
+  /// False for a table that the format lets grow no more.
   template <class Entry>
-  bool AddTo(std::vector<Entry>& table, const Entry& entry);
+  bool AddTo(std::vector<Entry>& table, const Entry& entry) {
+    if (table.size() >= kMaxVocabularyTable) return false;
+    if (table.size() >= m_tableLimit) ThrowTableLimit();
+    table.push_back(entry);
+    return true;
+  }
+  [[noreturn]] void ThrowTableLimit() const;
 
+  const CFastInfosetContext& m_context;
   CXmlDocument& m_document;
   StringTable m_prefixNames;
   StringTable m_namespaceNames;
@@ -82,6 +109,12 @@ class CFastInfosetReader : public CInstanceMonitor {
   StringTable m_characterChunks;
   QNameTable m_elementNames;
   QNameTable m_attributeNames;
+  std::optional<CFIWellFormedness> m_wellFormedness;  // where it is required
+  bool m_hasQualifiedNames;
+  bool m_isEnded = false;  // the terminator of the document is read
+  // Prefixes and namespaces that the element to come declares, where names are qualified.
+  std::vector<std::pair<WString, WString>> m_declarations;
+  WString m_qualifiedName;
   WString m_value;  // the literal value read last
   // Literal parts of a name that find their table full.
   WString m_prefix;

@@ -14,7 +14,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr WStringView kDefaultVocabularyUri = u"urn:tovikxml:external-vocabulary";
 constexpr std::uint32_t kAlgorithmCount = 10;
 
 constinit const WString kNone;
@@ -94,7 +93,7 @@ void CFastInfosetWriter::WriteStartDocument(FInfoDecl declaration) {
   // One optional component, the initial vocabulary, and in it only an external vocabulary.
   for (const unsigned octet : {0x20u, 0x10u, 0x00u}) m_output.Put(octet);
   const WString uri = m_context.GetExternalVocabularyURI();
-  m_output.PutText(kFILengthBit2, 0x00, uri.empty() ? kDefaultVocabularyUri : WStringView(uri));
+  m_output.PutText(kFILengthBit2, 0x00, uri.empty() ? kFIDefaultVocabularyUri : WStringView(uri));
 }
 
 void CFastInfosetWriter::WriteEndDocument() {
@@ -141,9 +140,13 @@ void CFastInfosetWriter::WriteEndElement() {
 
 void CFastInfosetWriter::WriteAttribute(const WString& localName, const WString& namespaceUri,
                                         const WString& value, ItemType itemType) {
+  if (m_context.GetQualifiedNames() && EqualText(namespaceUri, kXmlnsNamespace)) {
+    return DeclareNamespace(localName, value);
+  }
   BeginAttribute();
-  const WString& alias = namespaceUri.empty() ? kNone : AliasFor(namespaceUri);
-  WriteQualifiedName(NameForm::kAttribute, 0, alias, namespaceUri, localName);
+  const bool needsAlias = !namespaceUri.empty() && !CarriesPrefix(localName);
+  WriteName(NameForm::kAttribute, 0, needsAlias ? AliasFor(namespaceUri) : kNone, namespaceUri,
+            localName);
   WriteAttributeValue(value, itemType);
 }
 
@@ -164,37 +167,51 @@ void CFastInfosetWriter::WriteXsiNil() {
   WriteAttribute(u"nil", XsiNamespace(), u"true", it_boolean);
 }
 
-// The first octet of the element, the root's namespaces, and the name.
+// The first octet of the element, its namespaces, and the name.
 void CFastInfosetWriter::WriteElementHeader(bool hasAttributes) {
   if (!m_isHeaderPending) return;
   m_isHeaderPending = false;
   CXmlWriterContext& element = *Current();
   element.hasAttributes = hasAttributes;
   unsigned bits = hasAttributes ? 0x40 : 0x00;
-  if (element.GetDepth() == 0) {
+  const bool isRoot = element.GetDepth() == 0;
+  if (isRoot || !m_declarations.empty()) {
     m_output.Put(bits + 0x38);
     bits = 0;
-    WriteRootNamespaces();
+    if (isRoot) WriteRootNamespaces();
+    for (const auto& [prefix, uri] : m_declarations) WriteNamespace(prefix, uri);
+    m_declarations.clear();
+    m_output.Put(kFITerminator);
   }
   const WString& uri = element.GetNamespaceUri();
-  const bool needsAlias = !uri.empty() && !EqualText(uri, element.GetDefaultNamespace());
-  WriteQualifiedName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : kNone, uri,
-                     element.GetLocalName());
+  const bool needsAlias = !uri.empty() && !m_context.GetQualifiedNames() &&
+                          !EqualText(uri, element.GetDefaultNamespace());
+  WriteName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : kNone, uri,
+            element.GetLocalName());
 }
 
 void CFastInfosetWriter::WriteRootNamespaces() {
   const CXmlWriterContext& root = *Current();
-  if (!root.GetDefaultNamespace().empty()) {
-    m_output.Put(0xCD);
-    WriteIdentifyingString(m_tables.namespaceNames, root.GetDefaultNamespace());
-  }
+  if (!root.GetDefaultNamespace().empty()) WriteNamespace(kNone, root.GetDefaultNamespace());
   for (const auto& [uri, alias] : root.GetAliasMap()) {
-    if (uri.compare(0, kXmlNamespace.size(), kXmlNamespace) == 0) continue;
-    m_output.Put(0xCF);
-    WriteIdentifyingString(m_tables.prefixNames, alias);
-    WriteIdentifyingString(m_tables.namespaceNames, uri);
+    if (uri.compare(0, kXmlNamespace.size(), kXmlNamespace) != 0) WriteNamespace(alias, uri);
   }
-  m_output.Put(kFITerminator);
+}
+
+void CFastInfosetWriter::WriteNamespace(const WString& prefix, const WString& namespaceUri) {
+  m_output.Put(0xCC + (prefix.empty() ? 0u : 2u) + (namespaceUri.empty() ? 0u : 1u));
+  if (!prefix.empty()) WriteIdentifyingString(m_tables.prefixNames, prefix);
+  if (!namespaceUri.empty()) WriteIdentifyingString(m_tables.namespaceNames, namespaceUri);
+}
+
+// Takes "xmlns" or "xmlns:" with a prefix behind it.
+void CFastInfosetWriter::DeclareNamespace(const WString& name, const WString& namespaceUri) {
+  if (!m_isHeaderPending) {
+    throw CTovikException(u"Namespaces must be declared before attributes and elements");
+  }
+  const std::size_t colon = name.find(u':');
+  m_declarations.emplace_back(colon == WString::npos ? kNone : name.substr(colon + 1),
+                              namespaceUri);
 }
 
 // An element whose first octet is written without the attribute bit takes none any more.
@@ -234,6 +251,24 @@ void CFastInfosetWriter::WriteIdentifyingString(CFIIndexedStrings& table, const 
   if (index != 0) return m_output.PutIndex(kFIIndexBit2, 0x80, index);
   m_output.PutText(kFILengthBit2, 0x00, text);
   index = table.Add(text);
+}
+
+bool CFastInfosetWriter::CarriesPrefix(const WString& name) const {
+  return m_context.GetQualifiedNames() && name.find(u':') != WString::npos;
+}
+
+// Takes a local name that may carry its prefix, which goes before the one that is given.
+void CFastInfosetWriter::WriteName(const NameForm& form, unsigned bits, const WString& prefix,
+                                   const WString& namespaceUri, const WString& name) {
+  if (!CarriesPrefix(name)) return WriteQualifiedName(form, bits, prefix, namespaceUri, name);
+  if (namespaceUri.empty()) {
+    throw CTovikException(FormatString(
+        u"Failed to write FastInfoset. The prefix of [%s] has no namespace.", name.c_str()));
+  }
+  const std::size_t colon = name.find(u':');
+  m_prefix.assign(name, 0, colon);
+  m_localName.assign(name, colon + 1);
+  WriteQualifiedName(form, bits, m_prefix, namespaceUri, m_localName);
 }
 
 void CFastInfosetWriter::WriteQualifiedName(const NameForm& form, unsigned bits,

@@ -1,6 +1,9 @@
 #ifndef TOVIKXML_FASTINFOSET_WRITER_H_
 #define TOVIKXML_FASTINFOSET_WRITER_H_
 
+#include <utility>
+#include <vector>
+
 #include "tovikxml/document/writer.h"
 #include "tovikxml/fastinfoset/declaration.h"
 #include "tovikxml/fastinfoset/name_memory.h"
@@ -21,7 +24,7 @@ struct FIValuePlace;
 ///     78                              element, with attributes and namespace attributes
 ///       CD 04 75 72 6E 3A 64          default namespace "urn:d"
 ///       CF 00 70 04 75 72 6E 3A 70    prefix "p" for "urn:p"
-///     F0                              end of the namespace attributes, which only the root has
+///     F0                              end of the namespace attributes
 ///     3D 81 00 72                     its name: namespace 2, literal "r"
 ///       7B 81 82 00 69                attribute name: prefix 2, namespace 3, literal "i"
 ///       40 31                         value "1", which enters the table
@@ -32,7 +35,8 @@ struct FIValuePlace;
 /// A name or short value that came before is an index into a table. What depends on what follows
 /// is held back: the first octet of an element until it is known whether an attribute comes, and
 /// the end of an element until it is known whether another end comes, which shares its octet.
-/// Comments, processing instructions and inline schemas are dropped. Internal.
+/// Comments, processing instructions and inline schemas are dropped. Only the root has namespace
+/// attributes, but with `GetQualifiedNames`. Internal.
 class CFastInfosetWriter : public CXmlWriter {
  public:
   CFastInfosetWriter(const CFastInfosetContext& context, CBinaryStream* stream);
@@ -61,12 +65,17 @@ class CFastInfosetWriter : public CXmlWriter {
 
   void WriteElementHeader(bool hasAttributes);
   void WriteRootNamespaces();
+  void WriteNamespace(const WString& prefix, const WString& namespaceUri);
+  void DeclareNamespace(const WString& name, const WString& namespaceUri);
   void BeginAttribute();
   void CloseStartTag();
   void WritePendingTerminator();
   const WString& AliasFor(const WString& namespaceUri);
   void WriteIdentifyingString(CFIIndexedStrings& table, const WString& text);
   void WriteIdentifyingString(CFIIndexedStrings& table, const WString& text, std::uint32_t& index);
+  bool CarriesPrefix(const WString& name) const;
+  void WriteName(const NameForm& form, unsigned bits, const WString& prefix,
+                 const WString& namespaceUri, const WString& name);
   void WriteQualifiedName(const NameForm& form, unsigned bits, const WString& prefix,
                           const WString& namespaceUri, const WString& localName);
   void WriteNamePart(CFIIndexedStrings& table, const WString& text, std::uint32_t& index,
@@ -87,6 +96,11 @@ class CFastInfosetWriter : public CXmlWriter {
   CFITables& m_tables;
   CFINameMemory m_elementNames;
   CFINameMemory m_attributeNames;
+  // What the current element declares, as long as its header is pending.
+  std::vector<std::pair<WString, WString>> m_declarations;
+  // The parts of the qualified name that was written last.
+  WString m_prefix;
+  WString m_localName;
   bool m_isHeaderPending = false;      // of the current element
   bool m_isTerminatorPending = false;  // of the element that ended last
 };

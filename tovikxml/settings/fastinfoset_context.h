@@ -69,10 +69,32 @@ class TOVIKXML_EXPORT CFastInfosetContext {
   /// Owned by the context. A document's own additions never reach it.
   CFIVocabulary* GetVocabulary() { return &m_vocabulary; }
   const CFIVocabulary* GetVocabulary() const { return &m_vocabulary; }
-  /// What the writer declares; "urn:tovikxml:external-vocabulary" if it is empty. The reader does
-  /// not compare it.
+  /// What the writer declares; "urn:tovikxml:external-vocabulary" if it is empty. The reader
+  /// compares it only with `SetReadInitialVocabulary`.
   WString GetExternalVocabularyURI() const { return m_externalVocabularyUri; }
   void SetExternalVocabularyURI(WString uri) { m_externalVocabularyUri = std::move(uri); }
+
+  /// Whether a document's own initial vocabulary enters the tables, so that its indexes are read as
+  /// the format has it (ITU-T X.891, 7.2); false by default, which drops it. The vocabulary above
+  /// is then taken for a document that names its URI, and for no other. A document that names
+  /// another one is refused: "Failed to parse FastInfoset. The external vocabulary [%s] is not
+  /// known."
+  bool GetReadInitialVocabulary() const { return m_readInitialVocabulary; }
+  void SetReadInitialVocabulary(bool read) { m_readInitialVocabulary = read; }
+
+  /// Whether a document that no XML text could say is refused, with "Failed to parse FastInfoset.
+  /// ...": names and characters that XML has not, two attributes of one name, two roots, and octets
+  /// behind the end; false by default.
+  bool GetRequireWellFormed() const { return m_requireWellFormed; }
+  void SetRequireWellFormed(bool require) { m_requireWellFormed = require; }
+
+  /// Whether local names carry their prefixes, as in "p:item" beside the namespace of p, and the
+  /// declarations of prefixes are attributes "xmlns:p" and "xmlns" of the namespace
+  /// "http://www.w3.org/2000/xmlns/"; false by default. Reading then keeps every declaration where
+  /// it stands, and a writer takes them in front of the other attributes of an element. It is for
+  /// programs that write without a generated class and keep the prefixes of a document.
+  bool GetQualifiedNames() const { return m_qualifiedNames; }
+  void SetQualifiedNames(bool qualified) { m_qualifiedNames = qualified; }
 
  private:
   unsigned char m_defaultStringEncoding = 0;
@@ -80,6 +102,9 @@ class TOVIKXML_EXPORT CFastInfosetContext {
   unsigned long m_attributeMaxAddLength = 6;
   unsigned long m_elementMaxAddLength = 6;
   bool m_useGeneratedVocabulary = false;
+  bool m_readInitialVocabulary = false;
+  bool m_requireWellFormed = false;
+  bool m_qualifiedNames = false;
   CFIVocabulary m_vocabulary;
   WString m_externalVocabularyUri;
 };
