@@ -54,6 +54,13 @@ inline WString WidenAscii(std::string_view text) {
   return WString(text.begin(), text.end());
 }
 
+/// An empty string to refer to, also for what runs before the constructors of this library's own
+/// objects.
+inline const WString& EmptyText() {
+  static const WString empty;
+  return empty;
+}
+
 /// The text of a wide C string argument that may be null, which counts as empty.
 inline WStringView ViewOf(const wchar* text) {
   return text ? WStringView(text) : WStringView();

@@ -10,8 +10,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constinit const WString kEmptyText;
-
 bool EndsWith(WStringView text, WStringView end) {
   return text.size() >= end.size() && EqualText(text.substr(text.size() - end.size()), end);
 }
@@ -83,7 +81,7 @@ const WString& CXmlElement::GetAttribute(const WString& localName,
       return attribute->GetValue();
     }
   }
-  return kEmptyText;
+  return EmptyText();
 }
 
 const WString& CXmlElement::BorrowText() const {

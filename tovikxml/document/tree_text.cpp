@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tovikxml/base/text.h"
+
 namespace TovikXmlLib16 {
 namespace {
 
@@ -12,8 +14,6 @@ constexpr std::size_t kLargestInRoom = 1024;
 constexpr std::size_t kLargestUsual = 128;
 // A freed node keeps a string with this much room.
 constexpr std::size_t kKeptCapacity = 4096;
-
-constinit const WString kEmptyText;
 
 }  // namespace
 
@@ -37,7 +37,7 @@ void CXmlTextRoom::AddBlock() {
 
 const WString& CXmlTreeText::AsString() const {
   if (m_isString) return *m_string;
-  return m_size == 0 ? kEmptyText : BecomeString();
+  return m_size == 0 ? EmptyText() : BecomeString();
 }
 
 WString& CXmlTreeText::BecomeString() const {

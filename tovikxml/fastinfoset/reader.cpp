@@ -6,6 +6,7 @@
 
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
+#include "tovikxml/base/text.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/xml_names.h"
 #include "tovikxml/fastinfoset/algorithm_codes.h"
@@ -19,8 +20,6 @@ namespace TovikXmlLib16 {
 namespace {
 
 constexpr unsigned kCDataAlgorithm = 10;
-
-constinit const WString kNone;
 
 // The length of `prefix` if the octets begin with it and go on, otherwise 0.
 std::size_t PrefixLength(const unsigned char* data, std::size_t length, const void* prefix,
@@ -174,8 +173,8 @@ unsigned CFastInfosetReader::ReadNamespaces(CFIOctetInput& input) {
 }
 
 void CFastInfosetReader::ReadNamespaceAttribute(CFIOctetInput& input, unsigned octet) {
-  NamePart prefix{&kNone, 0};
-  NamePart uri{&kNone, 0};
+  NamePart prefix{&EmptyText(), 0};
+  NamePart uri{&EmptyText(), 0};
   if (octet & 0x02) prefix = ReadNamePart(input, m_prefixNames, m_prefix);
   if (octet & 0x01) uri = ReadNamePart(input, m_namespaceNames, m_namespace);
   CountText(prefix.text->size() + uri.text->size());
@@ -217,7 +216,7 @@ WStringView CFastInfosetReader::ReadAttributeValue(CFIOctetInput& input) {
   const unsigned octet = input.ReadOctet();
   if (octet >= 0x80) {
     const std::uint32_t index = input.ReadIndexOrZero(octet);
-    return index == 0 ? kNone : EntryAt(m_attributeValues, index, u"attribute value");
+    return index == 0 ? EmptyText() : EntryAt(m_attributeValues, index, u"attribute value");
   }
   ReadEncodedString(input, kFIStringBit3, octet);
   if (octet & 0x40) AddTo(m_attributeValues, m_value);
@@ -270,8 +269,8 @@ const CXmlName* CFastInfosetReader::ReadLiteralName(CFIOctetInput& input, unsign
   const bool hasPrefix = (octet & 0x02) != 0;
   const bool hasNamespace = (octet & 0x01) != 0;
   RequireNamespaceOfPrefix(hasPrefix, hasNamespace);
-  NamePart prefix{&kNone, 0};
-  NamePart uri{&kNone, 0};
+  NamePart prefix{&EmptyText(), 0};
+  NamePart uri{&EmptyText(), 0};
   if (hasPrefix) prefix = ReadNamePart(input, m_prefixNames, m_prefix);
   if (hasNamespace) uri = ReadNamePart(input, m_namespaceNames, m_namespace);
   const NamePart local = ReadNamePart(input, m_localNames, m_localName);
@@ -287,12 +286,12 @@ const CXmlName* CFastInfosetReader::ResolveName(QNameTable& table, std::uint32_t
   QName& entry = EntryAt(table, index, &table == &m_elementNames ? u"element" : u"attribute");
   if (!entry.name) {
     const WString& uri = entry.namespaceIndex == 0
-                             ? kNone
+                             ? EmptyText()
                              : EntryAt(m_namespaceNames, entry.namespaceIndex, u"namespace name");
     const WString& local = EntryAt(m_localNames, entry.localIndex, u"local name");
     const bool hasPrefix = m_hasQualifiedNames && entry.prefixIndex != 0;
-    entry.name = KeepName(hasPrefix ? EntryAt(m_prefixNames, entry.prefixIndex, u"prefix") : kNone,
-                          uri, local);
+    entry.name = KeepName(
+        hasPrefix ? EntryAt(m_prefixNames, entry.prefixIndex, u"prefix") : EmptyText(), uri, local);
   }
   return entry.name;
 }

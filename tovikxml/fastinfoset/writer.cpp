@@ -16,8 +16,6 @@ namespace {
 
 constexpr std::uint32_t kAlgorithmCount = 10;
 
-constinit const WString kNone;
-
 }  // namespace
 
 /// Where a value stands, and the high bits of its three ways: by index, entering the table, or
@@ -145,8 +143,8 @@ void CFastInfosetWriter::WriteAttribute(const WString& localName, const WString&
   }
   BeginAttribute();
   const bool needsAlias = !namespaceUri.empty() && !CarriesPrefix(localName);
-  WriteName(NameForm::kAttribute, 0, needsAlias ? AliasFor(namespaceUri) : kNone, namespaceUri,
-            localName);
+  WriteName(NameForm::kAttribute, 0, needsAlias ? AliasFor(namespaceUri) : EmptyText(),
+            namespaceUri, localName);
   WriteAttributeValue(value, itemType);
 }
 
@@ -186,13 +184,13 @@ void CFastInfosetWriter::WriteElementHeader(bool hasAttributes) {
   const WString& uri = element.GetNamespaceUri();
   const bool needsAlias = !uri.empty() && !m_context.GetQualifiedNames() &&
                           !EqualText(uri, element.GetDefaultNamespace());
-  WriteName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : kNone, uri,
+  WriteName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : EmptyText(), uri,
             element.GetLocalName());
 }
 
 void CFastInfosetWriter::WriteRootNamespaces() {
   const CXmlWriterContext& root = *Current();
-  if (!root.GetDefaultNamespace().empty()) WriteNamespace(kNone, root.GetDefaultNamespace());
+  if (!root.GetDefaultNamespace().empty()) WriteNamespace(EmptyText(), root.GetDefaultNamespace());
   for (const auto& [uri, alias] : root.GetAliasMap()) {
     if (uri.compare(0, kXmlNamespace.size(), kXmlNamespace) != 0) WriteNamespace(alias, uri);
   }
@@ -210,7 +208,7 @@ void CFastInfosetWriter::DeclareNamespace(const WString& name, const WString& na
     throw CTovikException(u"Namespaces must be declared before attributes and elements");
   }
   const std::size_t colon = name.find(u':');
-  m_declarations.emplace_back(colon == WString::npos ? kNone : name.substr(colon + 1),
+  m_declarations.emplace_back(colon == WString::npos ? EmptyText() : name.substr(colon + 1),
                               namespaceUri);
 }
 

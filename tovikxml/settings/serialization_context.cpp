@@ -49,7 +49,7 @@ CSerializationContext::MadeOnDemand<T>& CSerializationContext::MadeOnDemand<T>::
 }
 
 template <class T>
-CSerializationContext::MadeOnDemand<T>::~MadeOnDemand() = default;
+CSerializationContext::MadeOnDemand<T>::MadeOnDemand::~MadeOnDemand() = default;
 
 template <class T>
 T& CSerializationContext::MadeOnDemand<T>::Get() const {
