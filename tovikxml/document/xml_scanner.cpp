@@ -9,6 +9,7 @@
 #include <bit>
 #include <charconv>
 #include <cstring>
+#include <optional>
 #include <system_error>
 
 #include "tovikxml/base/text.h"
@@ -103,24 +104,24 @@ bool EqualsInUpperCase(std::string_view text, std::string_view upper) {
   });
 }
 
-// Takes `name = "value"` with the white space around the sign off the front; the value is empty if
-// there is no such pair.
-std::string_view TakePseudoAttribute(std::string_view& text, std::string_view name) {
+// Takes `name = "value"` with the white space around the sign off the front; nothing if there is no
+// such pair.
+std::optional<std::string_view> TakePseudoAttribute(std::string_view& text, std::string_view name) {
   std::string_view rest = text;
   const auto skipWhite = [&] {
     while (!rest.empty() && Is(rest.front(), kWhite)) rest.remove_prefix(1);
   };
-  if (rest.empty() || !Is(rest.front(), kWhite)) return {};
+  if (rest.empty() || !Is(rest.front(), kWhite)) return std::nullopt;
   skipWhite();
-  if (!rest.starts_with(name)) return {};
+  if (!rest.starts_with(name)) return std::nullopt;
   rest.remove_prefix(name.size());
   skipWhite();
-  if (!rest.starts_with('=')) return {};
+  if (!rest.starts_with('=')) return std::nullopt;
   rest.remove_prefix(1);
   skipWhite();
-  if (!rest.starts_with('"') && !rest.starts_with('\'')) return {};
+  if (!rest.starts_with('"') && !rest.starts_with('\'')) return std::nullopt;
   const std::size_t end = rest.find(rest.front(), 1);
-  if (end == std::string_view::npos) return {};
+  if (end == std::string_view::npos) return std::nullopt;
   const std::string_view value = rest.substr(1, end - 1);
   text = rest.substr(end + 1);
   return value;
@@ -137,7 +138,6 @@ CXmlScanner::CXmlScanner(CXmlDocument& document, std::string_view encoding)
 bool CXmlScanner::Read(std::string_view text) {
   m_at = text.data();
   m_end = m_at + text.size();
-  Accept("\xEF\xBB\xBF");
   if (!ReadDeclaration() || !ReadMisc() || m_at == m_end) return false;
   return ReadMarkup() && ReadContent() && ReadMisc() && m_at == m_end;
 }
@@ -166,10 +166,10 @@ bool CXmlScanner::ReadDeclaration() {
   std::string_view inside = rest.substr(0, end);
   m_at += end + 2;
   if (TakePseudoAttribute(inside, "version") != "1.0") return false;
-  const std::string_view encoding = TakePseudoAttribute(inside, "encoding");
-  if (!encoding.empty() && !EqualsInUpperCase(encoding, m_encoding)) return false;
-  const std::string_view standalone = TakePseudoAttribute(inside, "standalone");
-  if (!standalone.empty() && standalone != "yes" && standalone != "no") return false;
+  const auto encoding = TakePseudoAttribute(inside, "encoding");
+  if (encoding && !EqualsInUpperCase(*encoding, m_encoding)) return false;
+  const auto standalone = TakePseudoAttribute(inside, "standalone");
+  if (standalone && standalone != "yes" && standalone != "no") return false;
   return std::all_of(inside.begin(), inside.end(), [](char byte) { return Is(byte, kWhite); });
 }
 

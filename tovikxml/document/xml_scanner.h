@@ -20,7 +20,7 @@ namespace TovikXmlLib16 {
 /// then the tree is to be cleared and the parser reads from the beginning, whose verdict, words and
 /// lines hold. So it takes a part of what the parser takes and never one document more.
 ///
-///     document = [BOM] [declaration] misc* element misc*
+///     document = [declaration] misc* element misc*
 ///     misc     = white space / comment / processing instruction
 ///
 /// One scanner serves one document. Internal.
