@@ -10,7 +10,7 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constinit const WString kEmptyText;
+const WString kEmptyText;
 
 bool EndsWith(WStringView text, WStringView end) {
   return text.size() >= end.size() && EqualText(text.substr(text.size() - end.size()), end);

@@ -13,7 +13,7 @@ constexpr std::size_t kLargestUsual = 128;
 // A freed node keeps a string with this much room.
 constexpr std::size_t kKeptCapacity = 4096;
 
-constinit const WString kEmptyText;
+const WString kEmptyText;
 
 }  // namespace
 

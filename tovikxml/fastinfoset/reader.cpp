@@ -20,7 +20,7 @@ namespace {
 
 constexpr unsigned kCDataAlgorithm = 10;
 
-constinit const WString kNone;
+const WString kNone;
 
 // The length of `prefix` if the octets begin with it and go on, otherwise 0.
 std::size_t PrefixLength(const unsigned char* data, std::size_t length, const void* prefix,

@@ -17,7 +17,7 @@ namespace {
 constexpr WStringView kDefaultVocabularyUri = u"urn:tovikxml:external-vocabulary";
 constexpr std::uint32_t kAlgorithmCount = 10;
 
-constinit const WString kNone;
+const WString kNone;
 
 }  // namespace
 
