@@ -21,9 +21,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-constexpr std::size_t kFirstUnits = 4096;
-// Units are written in blocks, and a block may begin just in front of the end.
-constexpr std::size_t kSlack = 16;
 constexpr std::size_t kFirstSlots = 64;
 constexpr wchar kSeparator = u'|';
 
@@ -172,10 +169,7 @@ std::optional<std::string_view> TakePseudoAttribute(std::string_view& text, std:
 }  // namespace
 
 CXmlScanner::CXmlScanner(CXmlDocument& document, std::string_view encoding)
-    : m_document(document), m_encoding(encoding), m_default(&PrefixOf("")) {
-  GrowUnits();
-  PrefixOf("xml").uri = KeepUri(kXmlNamespace);
-}
+    : m_document(document), m_encoding(encoding) {}
 
 bool CXmlScanner::Read(std::string_view text) {
   m_at = text.data();
@@ -304,14 +298,14 @@ bool CXmlScanner::ReadAttribute() {
   if (!Accept("=")) return false;
   SkipWhite();
   if (m_at == m_end || (*m_at != '"' && *m_at != '\'')) return false;
-  const auto begin = static_cast<std::size_t>(m_out - m_units.get());
+  const auto begin = static_cast<std::size_t>(m_out - m_units);
   if (!ReadValue(*m_at++)) return false;
-  const auto end = static_cast<std::size_t>(m_out - m_units.get());
+  const auto end = static_cast<std::size_t>(m_out - m_units);
   if (!name->declares) {
     m_attributes.push_back({name, begin, end});
     return true;
   }
-  m_out = m_units.get() + begin;
+  m_out = m_units + begin;
   return Declare(*name->declares, {m_out, end - begin});
 }
 
@@ -327,11 +321,11 @@ bool CXmlScanner::Declare(Prefix& prefix, WStringView uri) {
 bool CXmlScanner::BindAnew(Prefix& prefix, WStringView uri) {
   const bool isReserved = uri == kXmlNamespace || uri == kXmlnsNamespace;
   const bool isReservedPrefix = prefix.text == "xml" || prefix.text == "xmlns";
-  const bool isUnbound = uri.empty() && &prefix != m_default;
+  const bool isUnbound = uri.empty() && &prefix != &m_default;
   if (isReserved || isReservedPrefix || isUnbound || uri.find(kSeparator) != WStringView::npos) {
     return false;
   }
-  prefix.lastBound = KeepUri(uri);
+  prefix.lastBound = m_document.Names().KeepUri(uri);
   m_document.BindAlias(TovikXmlLib16::WidenAscii(prefix.text), *prefix.lastBound);
   return true;
 }
@@ -349,8 +343,8 @@ bool CXmlScanner::AddAttributes(CXmlElement& element) {
   for (const Attribute& attribute : m_attributes) {
     const CXmlName* name = AttributeName(*attribute.name);
     if (!name) return false;
-    if (attribute.name->hasPrefix) m_prefixed.push_back(name);
-    const WStringView value(m_units.get() + attribute.begin, attribute.end - attribute.begin);
+    if (attribute.name->local != 0) m_prefixed.push_back(name);
+    const WStringView value(m_units + attribute.begin, attribute.end - attribute.begin);
     m_document.AddElementAttribute(&element, name, value);
   }
   // Two prefixes can stand for one namespace.
@@ -437,8 +431,8 @@ void CXmlScanner::AppendPoint(char32_t point) {
 }
 
 void CXmlScanner::FlushText() {
-  const auto size = static_cast<std::size_t>(m_out - m_units.get());
-  if (size != 0) m_document.AppendText({m_units.get(), size});
+  const auto size = static_cast<std::size_t>(m_out - m_units);
+  if (size != 0) m_document.AppendText({m_units, size});
   EmptyUnits();
 }
 
@@ -508,44 +502,44 @@ void CXmlScanner::GrowNames() {
 // XML namespaces, productions 7 to 11.
 bool CXmlScanner::FillName(Name& name) {
   const std::size_t colon = name.raw.find(':');
-  name.hasPrefix = colon != std::string_view::npos;
-  name.local = name.raw.substr(name.hasPrefix ? colon + 1 : 0);
-  if (name.local.empty() || !Is(name.local.front(), kNameStart)) return false;
-  if (name.local.find(':') != std::string_view::npos) return false;
-  const std::string_view prefix = name.raw.substr(0, name.hasPrefix ? colon : 0);
+  name.prefix = &m_default;
+  if (colon == std::string_view::npos) {
+    if (name.raw == "xmlns") name.declares = &m_default;
+    return true;
+  }
+  const std::string_view prefix = name.raw.substr(0, colon);
+  const std::string_view local = name.raw.substr(colon + 1);
+  if (local.empty() || !Is(local.front(), kNameStart)) return false;
+  if (local.find(':') != std::string_view::npos) return false;
+  name.local = colon + 1;
   name.prefix = &PrefixOf(prefix);
-  if (prefix == "xmlns") name.declares = &PrefixOf(name.local);
-  if (name.raw == "xmlns") name.declares = m_default;
+  if (prefix == "xmlns") name.declares = &PrefixOf(local);
   return true;
 }
 
 CXmlScanner::Prefix& CXmlScanner::PrefixOf(std::string_view text) {
-  return m_prefixes.try_emplace(text, Prefix{text}).first->second;
-}
-
-CXmlScanner::Uri* CXmlScanner::KeepUri(WStringView uri) {
-  return &*m_uris.emplace(uri).first;
+  const auto [entry, isNew] = m_prefixes.try_emplace(text, Prefix{text});
+  if (isNew && text == "xml") entry->second.uri = m_document.Names().KeepUri(kXmlNamespace);
+  return entry->second;
 }
 
 // Null for a prefix that stands for nothing.
 const CXmlName* CXmlScanner::ElementName(Name& name) {
-  if (name.element && name.uri == name.prefix->uri) return name.element;
-  return name.element = Resolve(name);
+  Uri* const uri = name.prefix->uri;
+  if (name.element && name.uri == uri) return name.element;
+  if (!uri && name.local != 0) return nullptr;
+  name.uri = uri;
+  return name.element = Keep(uri ? uri : m_document.Names().KeepUri({}), name);
 }
 
 const CXmlName* CXmlScanner::AttributeName(Name& name) {
-  if (name.hasPrefix) return ElementName(name);
-  if (!name.attribute) {
-    name.attribute = m_document.KeepName(WStringView(), TovikXmlLib16::WidenAscii(name.local));
-  }
+  if (name.local != 0) return ElementName(name);
+  if (!name.attribute) name.attribute = Keep(m_document.Names().KeepUri({}), name);
   return name.attribute;
 }
 
-const CXmlName* CXmlScanner::Resolve(Name& name) {
-  name.uri = name.prefix->uri;
-  if (!name.uri && name.hasPrefix) return nullptr;
-  return m_document.KeepName(name.uri ? WStringView(*name.uri) : WStringView(),
-                             TovikXmlLib16::WidenAscii(name.local));
+const CXmlName* CXmlScanner::Keep(Uri* uri, const Name& name) {
+  return m_document.Names().Keep(uri, TovikXmlLib16::WidenAscii(name.raw.substr(name.local)));
 }
 
 // Appends the normalised value (XML 1.0, 3.3.3) in front of the quote, and passes that.
@@ -574,13 +568,14 @@ bool CXmlScanner::ReadValue(char quote) {
 }
 
 void CXmlScanner::GrowUnits() {
-  const auto used = static_cast<std::size_t>(m_out - m_units.get());
-  const std::size_t size = std::max(kFirstUnits, used * 2);
+  const auto used = static_cast<std::size_t>(m_out - m_units);
+  const std::size_t size = used * 2;
   auto units = std::make_unique_for_overwrite<wchar[]>(size + kSlack);
-  std::copy(m_units.get(), m_out, units.get());
-  m_units = std::move(units);
-  m_out = m_units.get() + used;
-  m_full = m_units.get() + size;
+  std::copy(m_units, m_out, units.get());
+  m_grownUnits = std::move(units);
+  m_units = m_grownUnits.get();
+  m_out = m_units + used;
+  m_full = m_units + size;
 }
 
 bool CXmlScanner::ReadReference(char32_t& point) {

@@ -1,12 +1,12 @@
 #ifndef TOVIKXML_DOCUMENT_XML_SCANNER_H_
 #define TOVIKXML_DOCUMENT_XML_SCANNER_H_
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string_view>
 #include <unordered_map>
-#include <unordered_set>
 #include <vector>
 
 #include "tovikxml/base/text_hash.h"
@@ -37,7 +37,7 @@ class CXmlScanner {
   bool Read(std::string_view text);
 
  private:
-  // A namespace URI, kept once.
+  // A namespace URI, as the document keeps it.
   using Uri = const WString;
 
   struct Prefix {
@@ -49,9 +49,8 @@ class CXmlScanner {
   // A qualified name as it stands in the text, with what it came to mean last.
   struct Name {
     std::string_view raw;
-    std::string_view local;
-    Prefix* prefix = nullptr;  // that of the default namespace if it has none
-    bool hasPrefix = false;
+    std::size_t local = 0;       // where the local name begins; 0 if there is no prefix
+    Prefix* prefix = nullptr;    // that of the default namespace if it has none
     Prefix* declares = nullptr;  // for "xmlns" and names with that prefix
     Uri* uri = nullptr;
     const CXmlName* element = nullptr;    // in `uri`
@@ -85,9 +84,6 @@ class CXmlScanner {
     std::size_t operator()(std::string_view text) const {
       return static_cast<std::size_t>(HashBytes(text));
     }
-    std::size_t operator()(const WString& text) const {
-      return static_cast<std::size_t>(HashText(text));
-    }
   };
 
   bool ReadDeclaration();
@@ -114,10 +110,9 @@ class CXmlScanner {
   void GrowNames();
   bool FillName(Name& name);
   Prefix& PrefixOf(std::string_view text);
-  Uri* KeepUri(WStringView uri);
   const CXmlName* ElementName(Name& name);
   const CXmlName* AttributeName(Name& name);
-  const CXmlName* Resolve(Name& name);
+  const CXmlName* Keep(Uri* uri, const Name& name);
 
   bool ReadValue(char quote);
   bool ReadReference(char32_t& point);
@@ -126,7 +121,7 @@ class CXmlScanner {
   void AppendPoint(char32_t point);
   void AppendLineEnd();
   void FlushText();
-  void EmptyUnits() { m_out = m_units.get(); }
+  void EmptyUnits() { m_out = m_units; }
   void GrowUnits();
 
   bool Accept(std::string_view text);
@@ -141,10 +136,15 @@ class CXmlScanner {
   const char* m_at = nullptr;
   const char* m_end = nullptr;
 
-  // Text on its way into the tree, or the values of the attributes of an element.
-  std::unique_ptr<wchar[]> m_units;
-  wchar* m_out = nullptr;
-  wchar* m_full = nullptr;
+  // Text on its way into the tree, or the values of the attributes of an element. Units are written
+  // in blocks, of which the last may begin just in front of `m_full`.
+  static constexpr std::size_t kFirstUnits = 4096;
+  static constexpr std::size_t kSlack = 16;
+  std::array<wchar, kFirstUnits + kSlack> m_firstUnits;
+  std::unique_ptr<wchar[]> m_grownUnits;
+  wchar* m_units = m_firstUnits.data();
+  wchar* m_out = m_units;
+  wchar* m_full = m_units + kFirstUnits;
 
   CXmlNodePool<Name> m_names;
   std::size_t m_nameCount = 0;
@@ -152,8 +152,7 @@ class CXmlScanner {
   Name m_first;  // in front of all names
   Name* m_lastName = &m_first;
   std::unordered_map<std::string_view, Prefix, Hash> m_prefixes;
-  std::unordered_set<WString, Hash> m_uris;
-  Prefix* m_default;
+  Prefix m_default;
   std::vector<Open> m_open;
   std::vector<Binding> m_bindings;
   std::vector<Attribute> m_attributes;
