@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, then builds and runs everything that has to pass: the formatter check,
-# the tests under sanitizers and with the other build of expat, the installed package with its
-# consumers, the reference of the headers, and last all tests of the release build.
+# the tests under sanitizers, with the other build of expat and without the scanner, the installed
+# package with its consumers, the reference of the headers, and last all tests of the release build.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install_packages.sh g++ clang cmake ninja-build pkg-config clang-format-14 doxygen \
@@ -35,7 +35,7 @@ build_and_test asan-ubsan .
 step "thread sanitizer"
 build_and_test tsan Thread test_binding test_threads test_values guide_threads
 
-step "8-bit expat"
+step "8-bit expat, without the scanner"
 build_and_test narrow 'document|binding|example|fuzz'
 
 step "package and consumers"

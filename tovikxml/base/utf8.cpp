@@ -80,29 +80,6 @@ const unsigned char* SkipAscii(const unsigned char* at, const unsigned char* end
   return at;
 }
 
-constexpr bool IsContinuation(unsigned byte) {
-  return (byte & 0xC0) == 0x80;
-}
-
-// Reads the sequence at `at`, which is no ASCII, by the table of RFC 3629, section 4. Returns its
-// length, 0 if it is bad.
-std::size_t ReadSequence(const unsigned char* at, std::size_t size, char32_t& point) {
-  const unsigned lead = at[0];
-  if (lead < 0xC2 || size < 2 || !IsContinuation(at[1])) return 0;
-  if (lead < 0xE0) {
-    point = (lead & 0x1F) << 6 | (at[1] & 0x3Fu);
-    return 2;
-  }
-  if (size < 3 || !IsContinuation(at[2])) return 0;
-  if (lead < 0xF0) {
-    point = (lead & 0x0F) << 12 | (at[1] & 0x3Fu) << 6 | (at[2] & 0x3Fu);
-    return point < 0x800 || (point & 0xF800) == 0xD800 ? 0 : 3;
-  }
-  if (lead > 0xF4 || size < 4 || !IsContinuation(at[3])) return 0;
-  point = (lead & 0x07) << 18 | (at[1] & 0x3Fu) << 12 | (at[2] & 0x3Fu) << 6 | (at[3] & 0x3Fu);
-  return point < 0x10000 || point > 0x10FFFF ? 0 : 4;
-}
-
 unsigned char Continuation(char32_t bits) {
   return static_cast<unsigned char>(0x80 | (bits & 0x3F));
 }
@@ -186,7 +163,7 @@ Utf16Written WriteUtf16(std::string_view bytes, wchar* out) {
       continue;
     }
     char32_t point = 0;
-    const std::size_t length = ReadSequence(at, left, point);
+    const std::size_t length = ReadUtf8Sequence(at, left, point);
     if (length == 0) break;
     at += length;
     if (point < 0x10000) {
@@ -206,7 +183,7 @@ bool IsUtf8(std::string_view bytes) {
     at = SkipAscii(at, end);
     if (at == end) break;
     char32_t point = 0;
-    const std::size_t length = ReadSequence(at, static_cast<std::size_t>(end - at), point);
+    const std::size_t length = ReadUtf8Sequence(at, static_cast<std::size_t>(end - at), point);
     if (length == 0) return false;
     at += length;
   }

@@ -29,7 +29,7 @@ const WString& CXmlAttribute::GetLocalName() const {
 }
 
 const WString& CXmlAttribute::GetNamespaceURI() const {
-  return m_name->namespaceUri;
+  return *m_name->namespaceUri;
 }
 
 const WString& CXmlAttribute::BorrowValue() const {
@@ -70,7 +70,7 @@ const WString& CXmlElement::GetLocalName() const {
 }
 
 const WString& CXmlElement::GetNamespaceURI() const {
-  return m_name->namespaceUri;
+  return *m_name->namespaceUri;
 }
 
 const WString& CXmlElement::GetAttribute(const WString& localName,
@@ -184,15 +184,17 @@ WString CXmlDocument::LookupNamespaceFromAlias(const wchar* alias) const {
   return entry == m_aliases.end() ? WString() : entry->second;
 }
 
-const CXmlName* CXmlDocument::KeepName(const wchar* qualified) {
+CXmlNameTable& CXmlDocument::Names() {
   if (!m_storage) m_storage = std::make_unique<CXmlTreeStorage>();
-  m_lastName = m_storage->names.KeepNext(qualified, m_lastName);
-  return m_lastName;
+  return m_storage->names;
+}
+
+const CXmlName* CXmlDocument::KeepName(const wchar* qualified) {
+  return m_lastName = Names().KeepNext(qualified, m_lastName);
 }
 
 const CXmlName* CXmlDocument::KeepName(WStringView namespaceUri, WStringView localName) {
-  if (!m_storage) m_storage = std::make_unique<CXmlTreeStorage>();
-  return m_storage->names.Keep(namespaceUri, localName);
+  return Names().Keep(namespaceUri, localName);
 }
 
 CXmlElement* CXmlDocument::AddElement(const CXmlName* name) {

@@ -39,6 +39,7 @@ class CSerializationContext;
 class CXmlDocument;
 class CXmlElement;
 struct ByteArray;
+class CXmlNameTable;
 struct CXmlName;
 struct CXmlTreeStorage;
 
@@ -204,6 +205,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
   };
 
   // For the parsers.
+  CXmlNameTable& Names();
   const CXmlName* KeepName(const wchar* qualified);
   const CXmlName* KeepName(WStringView namespaceUri, WStringView localName);
   CXmlElement* AddElement(const CXmlName* name);

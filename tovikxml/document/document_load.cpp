@@ -2,6 +2,7 @@
 #include <cstring>
 #include <limits>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "tovikxml/base/exception.h"
@@ -23,6 +24,7 @@ namespace TovikXmlLib16 {
 namespace {
 
 constexpr std::uint32_t kChunkSize = 0x20000;
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 #ifdef TOVIKXML_NO_SCANNER
 constexpr bool kHasScanner = false;
@@ -123,7 +125,8 @@ bool CXmlDocument::ScanText(std::string_view text, std::string_view encoding) {
 }
 
 void CXmlDocument::ParseText(const unsigned char* data, std::size_t length) {
-  const std::string_view bytes(reinterpret_cast<const char*>(data), length);
+  std::string_view bytes(reinterpret_cast<const char*>(data), length);
+  if (bytes.starts_with(kUtf8Mark)) bytes.remove_prefix(kUtf8Mark.size());
   const bool isUtf16 = CUtf16Input::OrderOf(data, length) != CUtf16Input::Order::none;
   if (!isUtf16 && ScanText(bytes, "UTF-8")) return;
   CExpatReader reader(this);

@@ -1,9 +1,9 @@
 #include "tovikxml/document/tree_storage.h"
 
 #include <new>
+#include <utility>
 
 #include "tovikxml/base/text.h"
-#include "tovikxml/base/text_hash.h"
 
 namespace TovikXmlLib16 {
 namespace {
@@ -11,77 +11,85 @@ namespace {
 constexpr wchar kNamespaceSeparator = u'|';
 constexpr std::size_t kFirstSlots = 64;
 
-// Whether a zero-terminated text, whose length nobody has counted, is a known one. Four units a
-// round: names of elements carry their namespace and are long.
-bool IsSameText(const wchar* text, const WString& known) {
+// The end of a known text in front of a zero-terminated one, whose length nobody has counted; null
+// if that begins otherwise. Four units a round: namespaces are long.
+const wchar* PassText(const wchar* text, const WString& known) {
   const wchar* const units = known.data();
   const std::size_t size = known.size();
   std::size_t i = 0;
   for (; i + 4 <= size; i += 4) {
     if (text[i] != units[i] || text[i + 1] != units[i + 1] || text[i + 2] != units[i + 2] ||
         text[i + 3] != units[i + 3]) {
-      return false;
+      return nullptr;
     }
   }
   for (; i < size; ++i) {
-    if (text[i] != units[i]) return false;
+    if (text[i] != units[i]) return nullptr;
   }
-  return text[size] == u'\0';
+  return text + size;
+}
+
+bool IsName(const wchar* qualified, const CXmlName& name) {
+  if (!name.namespaceUri->empty()) {
+    qualified = PassText(qualified, *name.namespaceUri);
+    if (!qualified || *qualified++ != kNamespaceSeparator) return false;
+  }
+  qualified = PassText(qualified, name.localName);
+  return qualified && *qualified == u'\0';
+}
+
+// The multiplier keeps the hashes of namespaces and of local names apart.
+std::uint64_t HashOf(const WString* uri, WStringView localName) {
+  constexpr std::uint64_t kOdd = 0x9E3779B97F4A7C15u;
+  return HashText(localName) + kOdd * HashNumber(reinterpret_cast<std::uintptr_t>(uri));
 }
 
 }  // namespace
 
-const CXmlName* CXmlNameTable::Keep(WStringView qualified) {
-  const std::size_t separator = qualified.find(kNamespaceSeparator);
-  if (separator == WStringView::npos) return Keep(Key{qualified, WStringView(), qualified});
-  return Keep(Key{qualified, qualified.substr(0, separator), qualified.substr(separator + 1)});
+const WString* CXmlNameTable::KeepUri(WStringView uri) {
+  return uri.empty() ? &m_none : &*m_uris.emplace(uri).first;
 }
 
-const CXmlName* CXmlNameTable::Keep(WStringView namespaceUri, WStringView localName) {
-  if (namespaceUri.empty()) return Keep(Key{localName, namespaceUri, localName});
-  WString qualified;
-  qualified.reserve(namespaceUri.size() + 1 + localName.size());
-  qualified.append(namespaceUri).append(1, kNamespaceSeparator).append(localName);
-  return Keep(Key{qualified, namespaceUri, localName});
-}
-
-const CXmlName* CXmlNameTable::Keep(const Key& key) {
+const CXmlName* CXmlNameTable::Keep(const WString* uri, WStringView localName) {
   if (m_names.size() * 2 >= m_slots.size()) Grow();
-  const std::uint64_t hash = HashText(key.qualified);
-  const std::size_t at = Find(key, hash);
-  if (m_slots[at].name) return m_slots[at].name;
-  m_names.push_back({WString(key.qualified), WString(key.namespaceUri), WString(key.localName)});
+  const std::uint64_t hash = HashOf(uri, localName);
+  const std::size_t mask = m_slots.size() - 1;
+  std::size_t at = static_cast<std::size_t>(hash) & mask;
+  for (; m_slots[at].name; at = (at + 1) & mask) {
+    const CXmlName& name = *m_slots[at].name;
+    if (m_slots[at].hash == hash && name.namespaceUri == uri &&
+        EqualText(name.localName, localName)) {
+      return &name;
+    }
+  }
+  m_names.push_back({uri, WString(localName)});
   m_slots[at] = {hash, &m_names.back()};
   return &m_names.back();
 }
 
 const CXmlName* CXmlNameTable::KeepNext(const wchar* qualified, const CXmlName* previous) {
-  if (previous && previous->successor && IsSameText(qualified, previous->successor->qualified)) {
+  if (previous && previous->successor && IsName(qualified, *previous->successor)) {
     return previous->successor;
   }
-  const CXmlName* name = Keep(WStringView(qualified));
+  const WStringView text(qualified);
+  const std::size_t separator = text.find(kNamespaceSeparator);
+  const CXmlName* name = separator == WStringView::npos
+                             ? Keep(&m_none, text)
+                             : Keep(text.substr(0, separator), text.substr(separator + 1));
   if (previous) previous->successor = name;
   return name;
 }
 
-std::size_t CXmlNameTable::Find(const Key& key, std::uint64_t hash) const {
-  const std::size_t mask = m_slots.size() - 1;
-  const auto differs = [&](const Slot& slot) {
-    return slot.hash != hash || !EqualText(slot.name->qualified, key.qualified) ||
-           slot.name->namespaceUri.size() != key.namespaceUri.size() ||
-           slot.name->localName.size() != key.localName.size();
-  };
-  std::size_t at = static_cast<std::size_t>(hash) & mask;
-  while (m_slots[at].name && differs(m_slots[at])) at = (at + 1) & mask;
-  return at;
-}
-
 void CXmlNameTable::Grow() {
-  m_slots.assign(std::max(kFirstSlots, m_slots.size() * 2), Slot());
-  for (const CXmlName& name : m_names) {
-    const std::uint64_t hash = HashText(name.qualified);
-    m_slots[Find({name.qualified, name.namespaceUri, name.localName}, hash)] = {hash, &name};
+  std::vector<Slot> slots(std::max(kFirstSlots, m_slots.size() * 2));
+  const std::size_t mask = slots.size() - 1;
+  for (const Slot& slot : m_slots) {
+    if (!slot.name) continue;
+    std::size_t at = static_cast<std::size_t>(slot.hash) & mask;
+    while (slots[at].name) at = (at + 1) & mask;
+    slots[at] = slot;
   }
+  m_slots = std::move(slots);
 }
 
 CXmlTreeStorage::~CXmlTreeStorage() {

@@ -6,8 +6,10 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <unordered_set>
 #include <vector>
 
+#include "tovikxml/base/text_hash.h"
 #include "tovikxml/document/document.h"
 
 /// Where the nodes and names of one document live. Names repeat, so each is kept once and nodes
@@ -17,8 +19,7 @@ namespace TovikXmlLib16 {
 
 /// A name of an element or attribute, as one document keeps it.
 struct CXmlName {
-  WString qualified;  ///< URI, "|" and local name as the parser gives them, or a local name alone
-  WString namespaceUri;
+  const WString* namespaceUri;  ///< kept once for all names; an empty text if there is none
   WString localName;
   /// The name that last came behind this one: documents repeat, so it is looked at first.
   mutable const CXmlName* successor = nullptr;
@@ -26,36 +27,37 @@ struct CXmlName {
   mutable std::size_t usualText = 0;
 };
 
-/// The names of a document, by hashing of their qualified form. Two names may have one qualified
-/// form if a part holds "|".
+/// The names of a document and their namespaces, by hashing. What is kept is valid as long as the
+/// table.
 class CXmlNameTable {
  public:
-  /// The kept name for a qualified name, whose first "|" ends the namespace URI. Valid as long as
-  /// the table.
-  const CXmlName* Keep(WStringView qualified);
-  /// The same for a zero-terminated name that comes behind `previous`, which may be null.
+  const WString* KeepUri(WStringView uri);
+  /// The kept name for a kept URI and a local name, which may hold any unit.
+  const CXmlName* Keep(const WString* uri, WStringView localName);
+  const CXmlName* Keep(WStringView uri, WStringView localName) {
+    return Keep(KeepUri(uri), localName);
+  }
+  /// The same for a zero-terminated name as the parser gives it, URI, "|" and local name or a local
+  /// name alone, that comes behind `previous`, which may be null.
   const CXmlName* KeepNext(const wchar* qualified, const CXmlName* previous);
-  /// The kept name for its two parts, which may hold any unit.
-  const CXmlName* Keep(WStringView namespaceUri, WStringView localName);
 
  private:
   struct Slot {
     std::uint64_t hash = 0;
     const CXmlName* name = nullptr;
   };
-  // A qualified name and where it is divided.
-  struct Key {
-    WStringView qualified;
-    WStringView namespaceUri;
-    WStringView localName;
+  struct UriHash {
+    std::size_t operator()(const WString& uri) const {
+      return static_cast<std::size_t>(HashText(uri));
+    }
   };
 
-  const CXmlName* Keep(const Key& key);
-  std::size_t Find(const Key& key, std::uint64_t hash) const;
   void Grow();
 
   std::deque<CXmlName> m_names;
   std::vector<Slot> m_slots;
+  std::unordered_set<WString, UriHash> m_uris;
+  const WString m_none;
 };
 
 /// The nodes of one kind. `Recycle` gives a node back in a state fit for reuse.

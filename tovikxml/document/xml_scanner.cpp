@@ -9,7 +9,10 @@
 #include <bit>
 #include <charconv>
 #include <cstring>
+#include <new>
+#include <optional>
 #include <system_error>
+#include <utility>
 
 #include "tovikxml/base/text.h"
 #include "tovikxml/base/utf8_bytes.h"
@@ -18,8 +21,6 @@
 namespace TovikXmlLib16 {
 namespace {
 
-// Long runs of text are widened piece by piece, so that a large one is not held twice.
-constexpr std::size_t kLargestPiece = 0x8000;
 constexpr std::size_t kFirstSlots = 64;
 constexpr wchar kSeparator = u'|';
 
@@ -28,11 +29,12 @@ enum ByteKind : std::uint8_t {
   kNameChar = 2,
   kWhite = 4,
   kTextStop = 8,
-  kValueStop = 16
+  kValueStop = 16,
+  kPlainStop = 32
 };
 
-// What each byte is. Text stops where something else begins, or where characters need a closer
-// look, a value also at white space that becomes a blank.
+// What each byte is. Text stops where something else begins and where line ends are to be looked
+// at, a value also at white space that becomes a blank, plain text (without markup) at line ends.
 constexpr std::array<std::uint8_t, 256> kBytes = [] {
   std::array<std::uint8_t, 256> kinds{};
   for (unsigned i = 0; i < kinds.size(); ++i) {
@@ -42,8 +44,10 @@ constexpr std::array<std::uint8_t, 256> kBytes = [] {
     if ((i >= '0' && i <= '9') || i == '-' || i == '.' || i == ':') kind |= kNameChar;
     if (i == ' ' || i == '\t' || i == '\n' || i == '\r') kind |= kWhite;
     if (i == '<' || i == '&') kind |= kTextStop | kValueStop;
-    if (i == ']' || (i < 0x20 && i != '\t' && i != '\n')) kind |= kTextStop;
-    if (i == '"' || i == '\'' || i < 0x20) kind |= kValueStop;
+    if (i == ']') kind |= kTextStop;
+    if (i == '"' || i == '\'') kind |= kValueStop;
+    if (i < 0x20) kind |= kValueStop;
+    if (i < 0x20 && i != '\t' && i != '\n') kind |= kTextStop | kPlainStop;
     kinds[i] = static_cast<std::uint8_t>(kind);
   }
   return kinds;
@@ -53,31 +57,24 @@ bool Is(char byte, ByteKind kind) {
   return (kBytes[static_cast<unsigned char>(byte)] & kind) != 0;
 }
 
-#ifdef __SSE2__
-unsigned Equals(__m128i bytes, char byte) {
-  return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(byte))));
+bool IsForeign(char byte) {
+  return (byte & 0x80) != 0;
 }
 
+#ifdef __SSE2__
 // The bytes of the kind, one bit for each.
-unsigned Stops(__m128i bytes, ByteKind kind) {
-  const unsigned low = Equals(_mm_subs_epu8(bytes, _mm_set1_epi8(0x1F)), 0);
-  const unsigned markup = Equals(bytes, '<') | Equals(bytes, '&');
-  if (kind == kValueStop) return markup | low | Equals(bytes, '"') | Equals(bytes, '\'');
-  return markup | Equals(bytes, ']') | (low & ~(Equals(bytes, '\t') | Equals(bytes, '\n')));
-}
-#endif
-
 template <ByteKind kind>
-const char* FindStop(const char* at, const char* end) {
-#ifdef __SSE2__
-  for (; end - at >= 16; at += 16) {
-    const unsigned stops = Stops(_mm_loadu_si128(reinterpret_cast<const __m128i*>(at)), kind);
-    if (stops != 0) return at + std::countr_zero(stops);
-  }
-#endif
-  while (at != end && !Is(*at, kind)) ++at;
-  return at;
+unsigned Stops(__m128i bytes) {
+  const __m128i low = _mm_cmpeq_epi8(_mm_min_epu8(bytes, _mm_set1_epi8(0x1F)), bytes);
+  const auto is = [bytes](char byte) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(byte)); };
+  __m128i stops = low;
+  if (kind != kValueStop) stops = _mm_andnot_si128(_mm_or_si128(is('\t'), is('\n')), stops);
+  if (kind != kPlainStop) stops = _mm_or_si128(stops, _mm_or_si128(is('<'), is('&')));
+  if (kind == kValueStop) stops = _mm_or_si128(stops, _mm_or_si128(is('"'), is('\'')));
+  if (kind == kTextStop) stops = _mm_or_si128(stops, is(']'));
+  return static_cast<unsigned>(_mm_movemask_epi8(stops));
 }
+#endif
 
 // XML 1.0, production 2.
 bool IsCharacter(char32_t point) {
@@ -86,10 +83,53 @@ bool IsCharacter(char32_t point) {
          (point > 0xFFFF && point < 0x110000);
 }
 
-bool HasControls(std::string_view bytes) {
-  return std::any_of(bytes.begin(), bytes.end(), [](char byte) {
-    return static_cast<unsigned char>(byte) < 0x20 && !Is(byte, kWhite);
-  });
+wchar* WritePoint(char32_t point, wchar* out) {
+  if (point > 0xFFFF) {
+    *out++ = static_cast<wchar>(0xD800 + ((point - 0x10000) >> 10));
+    point = 0xDC00 + ((point - 0x10000) & 0x3FF);
+  }
+  *out++ = static_cast<wchar>(point);
+  return out;
+}
+
+// Widens characters from `at` up to `full` that take more than one byte. False if a sequence is
+// bad, or no character of XML.
+bool WidenForeign(const char*& at, const char* end, wchar*& out, const wchar* full) {
+  while (at != end && out < full && IsForeign(*at)) {
+    char32_t point = 0;
+    const std::size_t length = ReadUtf8Sequence(reinterpret_cast<const unsigned char*>(at),
+                                                static_cast<std::size_t>(end - at), point);
+    if (length == 0 || point == 0xFFFE || point == 0xFFFF) return false;
+    at += length;
+    out = WritePoint(point, out);
+  }
+  return true;
+}
+
+// Widens what is in front of the next stop, of `end`, and of the first unit at `full` or behind it.
+template <ByteKind kind>
+bool WidenRun(const char*& at, const char* end, wchar*& out, const wchar* full) {
+  while (out < full) {
+#ifdef __SSE2__
+    if (end - at >= 16) {
+      const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+      const __m128i zero = _mm_setzero_si128();
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, zero));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 8), _mm_unpackhi_epi8(bytes, zero));
+      const auto foreign = static_cast<unsigned>(_mm_movemask_epi8(bytes));
+      const int plain = std::countr_zero(Stops<kind>(bytes) | foreign | 1u << 16);
+      at += plain;
+      out += plain;
+      if (plain == 16) continue;
+    }
+#endif
+    while (at != end && out < full && !IsForeign(*at) && !Is(*at, kind)) {
+      *out++ = static_cast<unsigned char>(*at++);
+    }
+    if (at == end || !IsForeign(*at)) return true;
+    if (!WidenForeign(at, end, out, full)) return false;
+  }
+  return true;
 }
 
 const char* EndOfName(const char* at, const char* end) {
@@ -103,24 +143,24 @@ bool EqualsInUpperCase(std::string_view text, std::string_view upper) {
   });
 }
 
-// Takes `name = "value"` with the white space around the sign off the front; the value is empty if
-// there is no such pair.
-std::string_view TakePseudoAttribute(std::string_view& text, std::string_view name) {
+// Takes `name = "value"` with the white space around the sign off the front; nothing if there is no
+// such pair.
+std::optional<std::string_view> TakePseudoAttribute(std::string_view& text, std::string_view name) {
   std::string_view rest = text;
   const auto skipWhite = [&] {
     while (!rest.empty() && Is(rest.front(), kWhite)) rest.remove_prefix(1);
   };
-  if (rest.empty() || !Is(rest.front(), kWhite)) return {};
+  if (rest.empty() || !Is(rest.front(), kWhite)) return std::nullopt;
   skipWhite();
-  if (!rest.starts_with(name)) return {};
+  if (!rest.starts_with(name)) return std::nullopt;
   rest.remove_prefix(name.size());
   skipWhite();
-  if (!rest.starts_with('=')) return {};
+  if (!rest.starts_with('=')) return std::nullopt;
   rest.remove_prefix(1);
   skipWhite();
-  if (!rest.starts_with('"') && !rest.starts_with('\'')) return {};
+  if (!rest.starts_with('"') && !rest.starts_with('\'')) return std::nullopt;
   const std::size_t end = rest.find(rest.front(), 1);
-  if (end == std::string_view::npos) return {};
+  if (end == std::string_view::npos) return std::nullopt;
   const std::string_view value = rest.substr(1, end - 1);
   text = rest.substr(end + 1);
   return value;
@@ -129,15 +169,11 @@ std::string_view TakePseudoAttribute(std::string_view& text, std::string_view na
 }  // namespace
 
 CXmlScanner::CXmlScanner(CXmlDocument& document, std::string_view encoding)
-    : m_document(document), m_encoding(encoding) {
-  m_default = &PrefixOf("");
-  m_lastName = &m_names.emplace_back();
-}
+    : m_document(document), m_encoding(encoding) {}
 
 bool CXmlScanner::Read(std::string_view text) {
   m_at = text.data();
   m_end = m_at + text.size();
-  Accept("\xEF\xBB\xBF");
   if (!ReadDeclaration() || !ReadMisc() || m_at == m_end) return false;
   return ReadMarkup() && ReadContent() && ReadMisc() && m_at == m_end;
 }
@@ -149,6 +185,22 @@ bool CXmlScanner::Accept(std::string_view text) {
   }
   m_at += text.size();
   return true;
+}
+
+// The same for text that stands in the document further in front.
+bool CXmlScanner::AcceptRaw(std::string_view known) {
+#ifdef __SSE2__
+  if (m_end - m_at >= 16 && known.size() <= 16) {
+    const __m128i here = _mm_loadu_si128(reinterpret_cast<const __m128i*>(m_at));
+    const __m128i there = _mm_loadu_si128(reinterpret_cast<const __m128i*>(known.data()));
+    const auto same = static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(here, there)));
+    const unsigned wanted = (1u << known.size()) - 1;
+    if ((same & wanted) != wanted) return false;
+    m_at += known.size();
+    return true;
+  }
+#endif
+  return Accept(known);
 }
 
 bool CXmlScanner::SkipWhite() {
@@ -166,10 +218,10 @@ bool CXmlScanner::ReadDeclaration() {
   std::string_view inside = rest.substr(0, end);
   m_at += end + 2;
   if (TakePseudoAttribute(inside, "version") != "1.0") return false;
-  const std::string_view encoding = TakePseudoAttribute(inside, "encoding");
-  if (!encoding.empty() && !EqualsInUpperCase(encoding, m_encoding)) return false;
-  const std::string_view standalone = TakePseudoAttribute(inside, "standalone");
-  if (!standalone.empty() && standalone != "yes" && standalone != "no") return false;
+  const auto encoding = TakePseudoAttribute(inside, "encoding");
+  if (encoding && !EqualsInUpperCase(*encoding, m_encoding)) return false;
+  const auto standalone = TakePseudoAttribute(inside, "standalone");
+  if (standalone && standalone != "yes" && standalone != "no") return false;
   return std::all_of(inside.begin(), inside.end(), [](char byte) { return Is(byte, kWhite); });
 }
 
@@ -217,6 +269,7 @@ bool CXmlScanner::ReadStartTag() {
   if (!name) return false;
   const std::size_t bindings = m_bindings.size();
   m_attributes.clear();
+  EmptyUnits();
   ++m_elements;
   if (!ReadAttributes()) return false;
   const bool isEmpty = Accept("/");
@@ -245,34 +298,35 @@ bool CXmlScanner::ReadAttribute() {
   if (!Accept("=")) return false;
   SkipWhite();
   if (m_at == m_end || (*m_at != '"' && *m_at != '\'')) return false;
-  const char quote = *m_at++;
-  const char* stop = m_at;
-  bool isPlain = true;
-  while ((stop = FindStop<kValueStop>(stop, m_end)) != m_end && *stop != quote) {
-    if (*stop == '<') return false;
-    if (*stop != '"' && *stop != '\'') isPlain = false;
-    ++stop;
+  const auto begin = static_cast<std::size_t>(m_out - m_units);
+  if (!ReadValue(*m_at++)) return false;
+  const auto end = static_cast<std::size_t>(m_out - m_units);
+  if (!name->declares) {
+    m_attributes.push_back({name, begin, end});
+    return true;
   }
-  if (stop == m_end) return false;
-  const Attribute attribute{name, Until(stop), isPlain};
-  m_at = stop + 1;
-  if (name->declares) return Declare(*name->declares, attribute);
-  m_attributes.push_back(attribute);
+  m_out = m_units + begin;
+  return Declare(*name->declares, {m_out, end - begin});
+}
+
+// Documents bind the same again and again.
+bool CXmlScanner::Declare(Prefix& prefix, WStringView uri) {
+  const bool isKnown = prefix.lastBound && EqualText(*prefix.lastBound, uri);
+  if (!isKnown && !BindAnew(prefix, uri)) return false;
+  m_bindings.push_back({&prefix, prefix.uri});
+  prefix.uri = uri.empty() ? nullptr : prefix.lastBound;
   return true;
 }
 
-bool CXmlScanner::Declare(Prefix& prefix, const Attribute& attribute) {
-  if (!WidenValue(attribute)) return false;
-  const WString uri(m_wide, 0, m_wideSize);
+bool CXmlScanner::BindAnew(Prefix& prefix, WStringView uri) {
   const bool isReserved = uri == kXmlNamespace || uri == kXmlnsNamespace;
-  const bool isReservedPrefix = prefix.text == u"xml" || prefix.text == u"xmlns";
-  const bool isUnbound = uri.empty() && &prefix != m_default;
-  if (isReserved || isReservedPrefix || isUnbound || uri.find(kSeparator) != WString::npos) {
+  const bool isReservedPrefix = prefix.text == "xml" || prefix.text == "xmlns";
+  const bool isUnbound = uri.empty() && &prefix != &m_default;
+  if (isReserved || isReservedPrefix || isUnbound || uri.find(kSeparator) != WStringView::npos) {
     return false;
   }
-  m_bindings.push_back({&prefix, prefix.uri});
-  prefix.uri = uri.empty() ? nullptr : KeepUri(uri);
-  m_document.BindAlias(prefix.text, uri);
+  prefix.lastBound = m_document.Names().KeepUri(uri);
+  m_document.BindAlias(TovikXmlLib16::WidenAscii(prefix.text), *prefix.lastBound);
   return true;
 }
 
@@ -288,9 +342,10 @@ bool CXmlScanner::AddAttributes(CXmlElement& element) {
   m_prefixed.clear();
   for (const Attribute& attribute : m_attributes) {
     const CXmlName* name = AttributeName(*attribute.name);
-    if (!name || !WidenValue(attribute)) return false;
-    if (attribute.name->hasPrefix) m_prefixed.push_back(name);
-    m_document.AddElementAttribute(&element, name, {m_wide.data(), m_wideSize});
+    if (!name) return false;
+    if (attribute.name->local != 0) m_prefixed.push_back(name);
+    const WStringView value(m_units + attribute.begin, attribute.end - attribute.begin);
+    m_document.AddElementAttribute(&element, name, value);
   }
   // Two prefixes can stand for one namespace.
   if (m_prefixed.size() < 2) return true;
@@ -299,8 +354,7 @@ bool CXmlScanner::AddAttributes(CXmlElement& element) {
 }
 
 bool CXmlScanner::ReadEndTag() {
-  const std::string_view name = m_open.back().name;
-  if (!Accept(name)) return false;
+  if (!AcceptRaw(m_open.back().name)) return false;
   SkipWhite();
   if (!Accept(">")) return false;
   CloseElement();
@@ -317,84 +371,76 @@ void CXmlScanner::CloseElement() {
 }
 
 bool CXmlScanner::ReadText() {
-  const char* stop = m_at;
-  while ((stop = FindStop<kTextStop>(stop, m_end)) != m_end && *stop == ']') {
-    if (m_end - stop > 2 && stop[1] == ']' && stop[2] == '>') return false;
-    ++stop;
-  }
-  if (stop == m_end || !AppendRun(stop)) return false;
-  switch (*stop) {
-    case '<':
+  EmptyUnits();
+  while (WidenRun<kTextStop>(m_at, m_end, m_out, m_full) && m_at != m_end) {
+    char32_t point = 0;
+    if (m_out >= m_full) {
+      FlushText();
+    } else if (*m_at == '<') {
+      FlushText();
       return true;
-    case '&':
-      return AppendReference();
-    case '\r':
-      return AppendLineEnd();
-    default:
+    } else if (*m_at == '&') {
+      if (!ReadReference(point)) return false;
+      // A carriage return that comes as a reference is dropped from text.
+      if (point != '\r') AppendPoint(point);
+    } else if (*m_at == '\r') {
+      AppendLineEnd();
+    } else if (*m_at == ']' && !Until(m_end).starts_with("]]>")) {
+      AppendPoint(']');
+      ++m_at;
+    } else {
       return false;
+    }
   }
+  return false;
 }
 
 bool CXmlScanner::ReadCData() {
-  const std::string_view rest = Until(m_end);
-  const std::size_t end = rest.find("]]>");
-  if (end == std::string_view::npos) return false;
-  const char* const close = m_at + end;
-  while (true) {
-    const char* stop = m_at;
-    while (stop != close && static_cast<unsigned char>(*stop) >= 0x20) ++stop;
-    if (stop != close && (*stop == '\t' || *stop == '\n')) ++stop;
-    if (!AppendRun(stop)) return false;
-    if (m_at == close) break;
-    if (static_cast<unsigned char>(*m_at) >= 0x20) continue;
-    if (*m_at != '\t' && *m_at != '\n' && (*m_at != '\r' || !AppendLineEnd())) return false;
-  }
-  m_at = close + 3;
-  return true;
+  const std::size_t length = Until(m_end).find("]]>");
+  if (length == std::string_view::npos) return false;
+  EmptyUnits();
+  if (!ReadPlain(m_at + length, [this] { FlushText(); })) return false;
+  return Accept("]]>");
 }
 
-// Appends what is in front of `end`, in pieces that end in front of a character.
-bool CXmlScanner::AppendRun(const char* end) {
-  while (m_at != end) {
-    std::string_view piece = Until(end);
-    if (piece.size() > kLargestPiece) {
-      piece = piece.substr(0, kLargestPiece);
-      while ((piece.back() & 0xC0) == 0x80 && piece.size() > kLargestPiece - 3)
-        piece.remove_suffix(1);
-      if ((piece.back() & 0x80) != 0) piece.remove_suffix(1);
+// Reads text without markup up to `end`, and calls `empty` for each part of it.
+template <class Empty>
+bool CXmlScanner::ReadPlain(const char* end, Empty empty) {
+  while (WidenRun<kPlainStop>(m_at, end, m_out, m_full)) {
+    const bool isEnd = m_at == end;
+    if (isEnd || m_out >= m_full) {
+      empty();
+      if (isEnd) return true;
+    } else if (*m_at == '\r') {
+      AppendLineEnd();
+    } else {
+      return false;
     }
-    if (!Widen(piece)) return false;
-    m_document.AppendText({m_wide.data(), m_wideSize});
-    m_at += piece.size();
   }
-  return true;
+  return false;
 }
 
 // XML 1.0, 2.11.
-bool CXmlScanner::AppendLineEnd() {
+void CXmlScanner::AppendLineEnd() {
   ++m_at;
-  if (m_at == m_end || *m_at != '\n') m_document.AppendText(u"\n");
-  return true;
+  if (m_at == m_end || *m_at != '\n') AppendPoint('\n');
 }
 
-// A carriage return that comes as a reference is dropped from text.
-bool CXmlScanner::AppendReference() {
-  char32_t point = 0;
-  if (!ReadReference(point)) return false;
-  m_wideSize = 0;
-  AppendPoint(point);
-  if (point != '\r') m_document.AppendText({m_wide.data(), m_wideSize});
-  return true;
+void CXmlScanner::AppendPoint(char32_t point) {
+  m_out = WritePoint(point, m_out);
+}
+
+void CXmlScanner::FlushText() {
+  const auto size = static_cast<std::size_t>(m_out - m_units);
+  if (size != 0) m_document.AppendText({m_units, size});
+  EmptyUnits();
 }
 
 bool CXmlScanner::SkipComment() {
-  const std::string_view rest = Until(m_end);
-  const std::size_t end = rest.find("--");
-  if (end == std::string_view::npos) return false;
-  const std::string_view text = rest.substr(0, end);
-  if (HasControls(text) || !Widen(text)) return false;
-  m_at += end + 2;
-  return Accept(">");
+  const std::size_t length = Until(m_end).find("--");
+  if (length == std::string_view::npos) return false;
+  EmptyUnits();
+  return ReadPlain(m_at + length, [this] { EmptyUnits(); }) && Accept("-->");
 }
 
 bool CXmlScanner::SkipInstruction() {
@@ -403,27 +449,22 @@ bool CXmlScanner::SkipInstruction() {
   m_at = EndOfName(m_at, m_end);
   const std::string_view name(target, static_cast<std::size_t>(m_at - target));
   if (name.find(':') != std::string_view::npos || EqualsInUpperCase(name, "XML")) return false;
-  const std::string_view rest = Until(m_end);
-  const std::size_t end = rest.find("?>");
-  if (end == std::string_view::npos || (end != 0 && !Is(rest.front(), kWhite))) return false;
-  const std::string_view text = rest.substr(0, end);
-  if (HasControls(text) || !Widen(text)) return false;
-  m_at += end + 2;
-  return true;
+  const std::size_t length = Until(m_end).find("?>");
+  if (length == std::string_view::npos || (length != 0 && !Is(*m_at, kWhite))) return false;
+  EmptyUnits();
+  return ReadPlain(m_at + length, [this] { EmptyUnits(); }) && Accept("?>");
 }
 
 // The name at the cursor, which is at its first letter. The name that came behind the last one
 // before is looked at first.
 CXmlScanner::Name* CXmlScanner::ReadName() {
   Name* const guess = m_lastName->successor;
-  if (guess && Accept(guess->raw)) {
-    if (m_at != m_end && !Is(*m_at, kNameChar) && static_cast<unsigned char>(*m_at) < 0x80) {
-      return m_lastName = guess;
-    }
+  if (guess && AcceptRaw(guess->raw)) {
+    if (m_at != m_end && !Is(*m_at, kNameChar) && !IsForeign(*m_at)) return m_lastName = guess;
     m_at -= guess->raw.size();
   }
   const char* const end = EndOfName(m_at, m_end);
-  if (end == m_end || static_cast<unsigned char>(*end) >= 0x80) return nullptr;
+  if (end == m_end || IsForeign(*end)) return nullptr;
   Name* const name = FindName(Until(end));
   m_at = end;
   if (name) m_lastName = m_lastName->successor = name;
@@ -431,138 +472,110 @@ CXmlScanner::Name* CXmlScanner::ReadName() {
 }
 
 CXmlScanner::Name* CXmlScanner::FindName(std::string_view raw) {
-  if (m_names.size() * 2 >= m_slots.size()) GrowNames();
+  if (m_nameCount * 2 >= m_slots.size()) GrowNames();
+  const std::uint64_t hash = HashBytes(raw);
   const std::size_t mask = m_slots.size() - 1;
-  std::size_t at = static_cast<std::size_t>(HashBytes(raw)) & mask;
-  for (; m_slots[at]; at = (at + 1) & mask) {
-    if (m_slots[at]->raw == raw) return m_slots[at];
+  std::size_t at = static_cast<std::size_t>(hash) & mask;
+  for (; m_slots[at].name; at = (at + 1) & mask) {
+    if (m_slots[at].hash == hash && m_slots[at].name->raw == raw) return m_slots[at].name;
   }
-  Name name;
-  name.raw = raw;
-  if (!FillName(name)) return nullptr;
-  m_slots[at] = &m_names.emplace_back(name);
-  return m_slots[at];
+  Name* const name = m_names.Take([](std::byte* place) { return new (place) Name(); });
+  name->raw = raw;
+  if (!FillName(*name)) return nullptr;
+  m_slots[at] = {hash, name};
+  ++m_nameCount;
+  return name;
 }
 
 void CXmlScanner::GrowNames() {
-  m_slots.assign(std::max(kFirstSlots, m_slots.size() * 2), nullptr);
-  const std::size_t mask = m_slots.size() - 1;
-  for (auto name = m_names.begin() + 1; name != m_names.end(); ++name) {
-    std::size_t at = static_cast<std::size_t>(HashBytes(name->raw)) & mask;
-    while (m_slots[at]) at = (at + 1) & mask;
-    m_slots[at] = &*name;
+  std::vector<Slot> slots(std::max(kFirstSlots, m_slots.size() * 2));
+  const std::size_t mask = slots.size() - 1;
+  for (const Slot& slot : m_slots) {
+    if (!slot.name) continue;
+    std::size_t at = static_cast<std::size_t>(slot.hash) & mask;
+    while (slots[at].name) at = (at + 1) & mask;
+    slots[at] = slot;
   }
+  m_slots = std::move(slots);
 }
 
 // XML namespaces, productions 7 to 11.
 bool CXmlScanner::FillName(Name& name) {
   const std::size_t colon = name.raw.find(':');
-  name.hasPrefix = colon != std::string_view::npos;
-  name.local = name.raw.substr(name.hasPrefix ? colon + 1 : 0);
-  if (name.local.empty() || !Is(name.local.front(), kNameStart)) return false;
-  if (name.local.find(':') != std::string_view::npos) return false;
-  const std::string_view prefix = name.raw.substr(0, name.hasPrefix ? colon : 0);
+  name.prefix = &m_default;
+  if (colon == std::string_view::npos) {
+    if (name.raw == "xmlns") name.declares = &m_default;
+    return true;
+  }
+  const std::string_view prefix = name.raw.substr(0, colon);
+  const std::string_view local = name.raw.substr(colon + 1);
+  if (local.empty() || !Is(local.front(), kNameStart)) return false;
+  if (local.find(':') != std::string_view::npos) return false;
+  name.local = colon + 1;
   name.prefix = &PrefixOf(prefix);
-  if (prefix == "xmlns") name.declares = &PrefixOf(name.local);
-  if (name.raw == "xmlns") name.declares = m_default;
+  if (prefix == "xmlns") name.declares = &PrefixOf(local);
   return true;
 }
 
 CXmlScanner::Prefix& CXmlScanner::PrefixOf(std::string_view text) {
-  const WString wide = TovikXmlLib16::WidenAscii(text);
-  Prefix*& prefix = m_prefixTable[wide];
-  if (!prefix) {
-    prefix = &m_prefixes.emplace_back(Prefix{wide});
-    if (text == "xml") prefix->uri = KeepUri(WString(kXmlNamespace));
-  }
-  return *prefix;
-}
-
-CXmlScanner::Uri* CXmlScanner::KeepUri(const WString& uri) {
-  return &m_uris.try_emplace(uri).first->first;
+  const auto [entry, isNew] = m_prefixes.try_emplace(text, Prefix{text});
+  if (isNew && text == "xml") entry->second.uri = m_document.Names().KeepUri(kXmlNamespace);
+  return entry->second;
 }
 
 // Null for a prefix that stands for nothing.
 const CXmlName* CXmlScanner::ElementName(Name& name) {
-  if (name.element && name.uri == name.prefix->uri) return name.element;
-  return name.element = Resolve(name);
+  Uri* const uri = name.prefix->uri;
+  if (name.element && name.uri == uri) return name.element;
+  if (!uri && name.local != 0) return nullptr;
+  name.uri = uri;
+  return name.element = Keep(uri ? uri : m_document.Names().KeepUri({}), name);
 }
 
 const CXmlName* CXmlScanner::AttributeName(Name& name) {
-  if (name.hasPrefix) return ElementName(name);
-  if (!name.attribute) {
-    name.attribute = m_document.KeepName(WStringView(), TovikXmlLib16::WidenAscii(name.local));
-  }
+  if (name.local != 0) return ElementName(name);
+  if (!name.attribute) name.attribute = Keep(m_document.Names().KeepUri({}), name);
   return name.attribute;
 }
 
-const CXmlName* CXmlScanner::Resolve(Name& name) {
-  name.uri = name.prefix->uri;
-  if (!name.uri && name.hasPrefix) return nullptr;
-  return m_document.KeepName(name.uri ? WStringView(*name.uri) : WStringView(),
-                             TovikXmlLib16::WidenAscii(name.local));
+const CXmlName* CXmlScanner::Keep(Uri* uri, const Name& name) {
+  return m_document.Names().Keep(uri, TovikXmlLib16::WidenAscii(name.raw.substr(name.local)));
 }
 
-// Puts the text of bytes into `m_wide`; false if they are no characters in UTF-8. Control
-// characters have been looked for.
-bool CXmlScanner::Widen(std::string_view bytes) {
-  if (m_wide.size() < bytes.size()) m_wide.resize(std::max(bytes.size(), std::size_t{256}));
-  m_wideSize = 0;
-  return AppendWide(bytes);
-}
-
-bool CXmlScanner::AppendWide(std::string_view bytes) {
-  wchar* const start = m_wide.data() + m_wideSize;
-  const Utf16Written written = WriteUtf16(bytes, start);
-  if (written.length != bytes.size()) return false;
-  const auto size = static_cast<std::size_t>(written.end - start);
-  m_wideSize += size;
-  return size == bytes.size() ||
-         std::none_of(start, written.end, [](wchar unit) { return unit >= 0xFFFE; });
-}
-
-void CXmlScanner::AppendPoint(char32_t point) {
-  if (m_wide.size() < m_wideSize + 2) m_wide.resize(m_wideSize + 256);
-  if (point > 0xFFFF) {
-    m_wide[m_wideSize++] = static_cast<wchar>(0xD800 + ((point - 0x10000) >> 10));
-    point = 0xDC00 + ((point - 0x10000) & 0x3FF);
-  }
-  m_wide[m_wideSize++] = static_cast<wchar>(point);
-}
-
-// The normalised value (XML 1.0, 3.3.3) in `m_wide`. No reference is shorter than its character.
-bool CXmlScanner::WidenValue(const Attribute& attribute) {
-  if (attribute.isPlain) return Widen(attribute.value);
-  if (!Widen({})) return false;
-  if (m_wide.size() < attribute.value.size()) m_wide.resize(attribute.value.size());
-  const char* const behind = m_at;
-  const char* const outerEnd = m_end;
-  m_at = attribute.value.data();
-  m_end = m_at + attribute.value.size();
-  const bool isGood = AppendNormalized();
-  m_at = behind;
-  m_end = outerEnd;
-  return isGood;
-}
-
-bool CXmlScanner::AppendNormalized() {
-  while (m_at != m_end) {
-    const char* const stop = FindStop<kValueStop>(m_at, m_end);
-    if (!AppendWide(Until(stop))) return false;
-    m_at = stop;
-    if (stop == m_end) break;
-    char32_t point = static_cast<unsigned char>(*stop);
-    if (*stop == '&') {
+// Appends the normalised value (XML 1.0, 3.3.3) in front of the quote, and passes that.
+bool CXmlScanner::ReadValue(char quote) {
+  while (WidenRun<kValueStop>(m_at, m_end, m_out, m_full) && m_at != m_end) {
+    if (m_out >= m_full) {
+      GrowUnits();
+      continue;
+    }
+    if (*m_at == quote) {
+      ++m_at;
+      return true;
+    }
+    char32_t point = static_cast<unsigned char>(*m_at);
+    if (point == '&') {
       if (!ReadReference(point)) return false;
     } else {
-      ++m_at;
-      if (*stop == '\r' && m_at != m_end && *m_at == '\n') ++m_at;
-      if (point < 0x20 && !Is(*stop, kWhite)) return false;
-      if (point < 0x20) point = ' ';
+      const bool isWhite = Is(*m_at, kWhite);
+      if (!isWhite && point != '"' && point != '\'') return false;
+      m_at += Until(m_end).starts_with("\r\n") ? 2 : 1;
+      if (isWhite) point = ' ';
     }
     AppendPoint(point);
   }
-  return true;
+  return false;
+}
+
+void CXmlScanner::GrowUnits() {
+  const auto used = static_cast<std::size_t>(m_out - m_units);
+  const std::size_t size = used * 2;
+  auto units = std::make_unique_for_overwrite<wchar[]>(size + kSlack);
+  std::copy(m_units, m_out, units.get());
+  m_grownUnits = std::move(units);
+  m_units = m_grownUnits.get();
+  m_out = m_units + used;
+  m_full = m_units + size;
 }
 
 bool CXmlScanner::ReadReference(char32_t& point) {
