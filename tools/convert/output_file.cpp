@@ -62,11 +62,18 @@ std::optional<fs::path> PlaceOf(fs::path path) {
 // What a new file beside its place is to become; it vanishes if it does not.
 class NewFile {
  public:
-  NewFile(const std::string& name, const std::string& place)
-      : m_name(name), m_place(place), m_temporary(place + ".XXXXXX") {
+  NewFile(const std::string& name, const fs::path& place)
+      : m_name(name),
+        m_place(place),
+        m_temporary((place.parent_path() / ".tovikxml-convert-XXXXXX").string()) {
     const int descriptor = mkstemp(m_temporary.data());
     if (descriptor == -1) Refuse(m_name, errno);
     m_file.reset(fdopen(descriptor, "wb"));
+    if (m_file) return;
+    const int error = errno;
+    close(descriptor);
+    unlink(m_temporary.c_str());
+    Refuse(m_name, error);
   }
   NewFile(const NewFile&) = delete;
   NewFile& operator=(const NewFile&) = delete;
@@ -99,7 +106,7 @@ class NewFile {
   }
 
   std::string m_name;
-  std::string m_place;
+  fs::path m_place;
   std::string m_temporary;
   File m_file;
   bool m_isInPlace = false;
@@ -115,7 +122,7 @@ void WriteOutput(const std::string& name, const std::vector<std::string_view>& p
   const bool exists = stat(place->c_str(), &replaced) == 0;
   if (exists && !S_ISREG(replaced.st_mode)) return WriteThrough(name, pieces);
   if (exists && access(place->c_str(), W_OK) != 0) Refuse(name, errno);
-  NewFile(name, place->string()).Write(pieces, exists ? &replaced : nullptr);
+  NewFile(name, *place).Write(pieces, exists ? &replaced : nullptr);
 } catch (const fs::filesystem_error& e) {
   Refuse(name, e.code().value());
 }

@@ -158,7 +158,7 @@ void CFastInfosetReader::StartElement(CFIOctetInput& input, unsigned octet) {
   m_document.AddElement(isLiteral
                             ? ReadLiteralName(input, octet, m_elementNames)
                             : ResolveName(m_elementNames, input.ReadIndex(kFIIndexBit3, octet)));
-  AddDeclarations();
+  if (!m_declarations.empty()) AddDeclarations();
   const unsigned end = hasAttributes ? ReadAttributes(input) : kFITerminator;
   if (m_wellFormedness) m_wellFormedness->RequireDistinctAttributes(*m_document.TopElement());
   // A double terminator ends the attributes and this element alone.
@@ -177,7 +177,7 @@ void CFastInfosetReader::ReadNamespaceAttribute(CFIOctetInput& input, unsigned o
   NamePart uri{&EmptyText(), 0};
   if (octet & 0x02) prefix = ReadNamePart(input, m_prefixNames, m_prefix);
   if (octet & 0x01) uri = ReadNamePart(input, m_namespaceNames, m_namespace);
-  CountText(prefix.text->size() + uri.text->size());
+  CountText(prefix.text->size());
   AdmitText(*uri.text);
   if (m_wellFormedness && (octet & 0x02)) m_wellFormedness->RequireName(*prefix.text);
   m_document.BindAlias(*prefix.text, *uri.text);
@@ -207,7 +207,6 @@ void CFastInfosetReader::ReadAttribute(CFIOctetInput& input, unsigned octet) {
                              ? ReadLiteralName(input, octet, m_attributeNames)
                              : ResolveName(m_attributeNames, input.ReadIndex(kFIIndexBit2, octet));
   const WStringView value = ReadAttributeValue(input);
-  CountText(value.size());
   AdmitText(value);
   m_document.AddElementAttribute(m_document.TopElement(), name, value);
 }
@@ -227,7 +226,6 @@ void CFastInfosetReader::ReadCharacterChunk(CFIOctetInput& input, unsigned octet
   if (octet & 0x20) {
     const std::uint32_t index = input.ReadIndex(kFIIndexBit4, octet);
     const WString& text = EntryAt(m_characterChunks, index, u"character chunk");
-    CountText(text.size());
     AdmitText(text);
     return m_document.AppendTextExcludingCR(text);
   }
@@ -245,14 +243,12 @@ void CFastInfosetReader::ReadUtf8Chunk(CFIOctetInput& input, unsigned octet, boo
     AppendUtf8(m_value, octets);
     return AppendValue(isAdded);
   }
-  CountText(octets.length);
   AdmitText(m_value);
   m_document.AppendText(m_value);
   if (isAdded) AddTo(m_characterChunks, m_value);
 }
 
 void CFastInfosetReader::AppendValue(bool isAdded) {
-  CountText(m_value.size());
   AdmitText(m_value);
   m_document.AppendTextExcludingCR(m_value);
   if (isAdded) AddTo(m_characterChunks, m_value);
@@ -299,8 +295,8 @@ const CXmlName* CFastInfosetReader::ResolveName(QNameTable& table, std::uint32_t
 const CXmlName* CFastInfosetReader::KeepName(const WString& prefix, const WString& namespaceUri,
                                              const WString& localName) {
   AdmitText(namespaceUri);
+  CountText(localName.size());
   if (m_wellFormedness) m_wellFormedness->RequireName(localName);
-  CountText(namespaceUri.size() + localName.size());
   if (!m_hasQualifiedNames || prefix.empty()) return m_document.KeepName(namespaceUri, localName);
   if (m_wellFormedness) m_wellFormedness->RequireName(prefix);
   CountText(prefix.size() + 1);
@@ -355,7 +351,9 @@ void CFastInfosetReader::CountText(std::size_t units) {
   m_textLeft -= bytes;
 }
 
+// What a value or a namespace brings into the tree.
 void CFastInfosetReader::AdmitText(WStringView text) {
+  CountText(text.size());
   if (m_wellFormedness) CFIWellFormedness::RequireText(text);
 }
 

@@ -16,6 +16,10 @@ namespace {
 
 constexpr std::uint32_t kAlgorithmCount = 10;
 
+bool HasPrefix(const WString& name) {
+  return name.find(u':') != WString::npos;
+}
+
 }  // namespace
 
 /// Where a value stands, and the high bits of its three ways: by index, entering the table, or
@@ -65,7 +69,8 @@ CFastInfosetWriter::CFastInfosetWriter(const CFastInfosetContext& context, CBina
     : CXmlWriter(u"CFastInfosetWriter"),
       m_output(stream),
       m_context(context),
-      m_tables(*m_vocabulary.m_tables) {
+      m_tables(*m_vocabulary.m_tables),
+      m_hasQualifiedNames(context.GetQualifiedNames()) {
   if (context.GetUseGeneratedVocabulary()) m_vocabulary = *context.GetVocabulary();
 }
 
@@ -138,13 +143,16 @@ void CFastInfosetWriter::WriteEndElement() {
 
 void CFastInfosetWriter::WriteAttribute(const WString& localName, const WString& namespaceUri,
                                         const WString& value, ItemType itemType) {
-  if (m_context.GetQualifiedNames() && EqualText(namespaceUri, kXmlnsNamespace)) {
+  if (m_hasQualifiedNames && EqualText(namespaceUri, kXmlnsNamespace)) {
     return DeclareNamespace(localName, value);
   }
   BeginAttribute();
-  const bool needsAlias = !namespaceUri.empty() && !CarriesPrefix(localName);
-  WriteName(NameForm::kAttribute, 0, needsAlias ? AliasFor(namespaceUri) : EmptyText(),
-            namespaceUri, localName);
+  if (m_hasQualifiedNames && HasPrefix(localName)) {
+    WritePrefixedName(NameForm::kAttribute, 0, namespaceUri, localName);
+  } else {
+    const WString& alias = namespaceUri.empty() ? EmptyText() : AliasFor(namespaceUri);
+    WriteQualifiedName(NameForm::kAttribute, 0, alias, namespaceUri, localName);
+  }
   WriteAttributeValue(value, itemType);
 }
 
@@ -182,10 +190,13 @@ void CFastInfosetWriter::WriteElementHeader(bool hasAttributes) {
     m_output.Put(kFITerminator);
   }
   const WString& uri = element.GetNamespaceUri();
-  const bool needsAlias = !uri.empty() && !m_context.GetQualifiedNames() &&
-                          !EqualText(uri, element.GetDefaultNamespace());
-  WriteName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : EmptyText(), uri,
-            element.GetLocalName());
+  const WString& name = element.GetLocalName();
+  if (m_hasQualifiedNames && HasPrefix(name)) {
+    return WritePrefixedName(NameForm::kElement, bits, uri, name);
+  }
+  const bool needsAlias =
+      !uri.empty() && !m_hasQualifiedNames && !EqualText(uri, element.GetDefaultNamespace());
+  WriteQualifiedName(NameForm::kElement, bits, needsAlias ? AliasFor(uri) : EmptyText(), uri, name);
 }
 
 void CFastInfosetWriter::WriteRootNamespaces() {
@@ -251,14 +262,9 @@ void CFastInfosetWriter::WriteIdentifyingString(CFIIndexedStrings& table, const 
   index = table.Add(text);
 }
 
-bool CFastInfosetWriter::CarriesPrefix(const WString& name) const {
-  return m_context.GetQualifiedNames() && name.find(u':') != WString::npos;
-}
-
-// Takes a local name that may carry its prefix, which goes before the one that is given.
-void CFastInfosetWriter::WriteName(const NameForm& form, unsigned bits, const WString& prefix,
-                                   const WString& namespaceUri, const WString& name) {
-  if (!CarriesPrefix(name)) return WriteQualifiedName(form, bits, prefix, namespaceUri, name);
+// Takes a local name that carries its prefix.
+void CFastInfosetWriter::WritePrefixedName(const NameForm& form, unsigned bits,
+                                           const WString& namespaceUri, const WString& name) {
   if (namespaceUri.empty()) {
     throw CTovikException(FormatString(
         u"Failed to write FastInfoset. The prefix of [%s] has no namespace.", name.c_str()));

@@ -73,9 +73,8 @@ class CFastInfosetWriter : public CXmlWriter {
   const WString& AliasFor(const WString& namespaceUri);
   void WriteIdentifyingString(CFIIndexedStrings& table, const WString& text);
   void WriteIdentifyingString(CFIIndexedStrings& table, const WString& text, std::uint32_t& index);
-  bool CarriesPrefix(const WString& name) const;
-  void WriteName(const NameForm& form, unsigned bits, const WString& prefix,
-                 const WString& namespaceUri, const WString& name);
+  void WritePrefixedName(const NameForm& form, unsigned bits, const WString& namespaceUri,
+                         const WString& name);
   void WriteQualifiedName(const NameForm& form, unsigned bits, const WString& prefix,
                           const WString& namespaceUri, const WString& localName);
   void WriteNamePart(CFIIndexedStrings& table, const WString& text, std::uint32_t& index,
@@ -94,6 +93,7 @@ class CFastInfosetWriter : public CXmlWriter {
   const CFastInfosetContext& m_context;
   CFIVocabulary m_vocabulary;
   CFITables& m_tables;
+  bool m_hasQualifiedNames;
   CFINameMemory m_elementNames;
   CFINameMemory m_attributeNames;
   // What the current element declares, as long as its header is pending.
