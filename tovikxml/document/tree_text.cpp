@@ -17,14 +17,6 @@ constexpr std::size_t kKeptCapacity = 4096;
 
 }  // namespace
 
-wchar* CXmlTextRoom::Take(std::size_t units) {
-  if (units > m_left) AddBlock();
-  wchar* const taken = m_next;
-  m_next += units;
-  m_left -= units;
-  return taken;
-}
-
 // Blocks double, so that small documents stay small.
 void CXmlTextRoom::AddBlock() {
   static_assert(kLargestInRoom <= 2 * kFirstBlock);
@@ -49,7 +41,9 @@ WString& CXmlTreeText::BecomeString() const {
 
 void CXmlTreeText::AppendGrowing(WStringView text, CXmlTextRoom& room, std::size_t& usual) {
   if (!m_isString && GrowInRoom(m_size + text.size(), room, usual)) {
-    return Append(text, room, usual);
+    text.copy(m_units + m_size, text.size());
+    m_size = static_cast<std::uint16_t>(m_size + text.size());
+    return;
   }
   (m_isString ? *m_string : BecomeString()).append(text);
 }
@@ -63,11 +57,9 @@ bool CXmlTreeText::GrowInRoom(std::size_t needed, CXmlTextRoom& room, std::size_
     return true;
   }
   // Room that is left behind, also by an earlier node, is never more than what takes its place.
-  std::size_t capacity = std::max(needed, std::min(kLargestInRoom, std::size_t{2} * m_capacity));
-  if (m_size != 0) {
-    usual = std::max(usual, std::min(needed, kLargestUsual));
-    capacity = std::max(capacity, usual);
-  }
+  if (m_size != 0) usual = std::max(usual, std::min(needed, kLargestUsual));
+  const std::size_t capacity =
+      std::max({needed, usual, std::min(kLargestInRoom, std::size_t{2} * m_capacity)});
   wchar* const units = room.Take(capacity);
   std::copy(m_units, m_units + m_size, units);
   m_units = units;

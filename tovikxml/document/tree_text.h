@@ -17,7 +17,13 @@ namespace TovikXmlLib16 {
 /// Where short texts lie. What is taken stays valid as long as the room.
 class TOVIKXML_EXPORT CXmlTextRoom {
  public:
-  wchar* Take(std::size_t units);
+  wchar* Take(std::size_t units) {
+    if (units > m_left) AddBlock();
+    wchar* const taken = m_next;
+    m_next += units;
+    m_left -= units;
+    return taken;
+  }
   /// Lets the text taken last, which ends at `end`, grow where it is. False if it cannot.
   bool Extend(const wchar* end, std::size_t more) {
     if (end != m_next || more > m_left) return false;

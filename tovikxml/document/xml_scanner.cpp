@@ -92,44 +92,51 @@ wchar* WritePoint(char32_t point, wchar* out) {
   return out;
 }
 
-// Widens characters from `at` up to `full` that take more than one byte. False if a sequence is
-// bad, or no character of XML.
-bool WidenForeign(const char*& at, const char* end, wchar*& out, const wchar* full) {
-  while (at != end && out < full && IsForeign(*at)) {
+// Where widening has come to.
+struct Run {
+  const char* at;  // null behind a bad sequence
+  wchar* out;
+};
+
+// Widens characters up to `full` that take more than one byte, if they are characters of XML.
+Run WidenForeign(Run run, const char* end, const wchar* full) {
+  while (run.at != end && run.out < full && IsForeign(*run.at)) {
     char32_t point = 0;
-    const std::size_t length = ReadUtf8Sequence(reinterpret_cast<const unsigned char*>(at),
-                                                static_cast<std::size_t>(end - at), point);
-    if (length == 0 || point == 0xFFFE || point == 0xFFFF) return false;
-    at += length;
-    out = WritePoint(point, out);
+    const std::size_t length = ReadUtf8Sequence(reinterpret_cast<const unsigned char*>(run.at),
+                                                static_cast<std::size_t>(end - run.at), point);
+    if (length == 0 || point == 0xFFFE || point == 0xFFFF) return {nullptr, run.out};
+    run.at += length;
+    run.out = WritePoint(point, run.out);
   }
-  return true;
+  return run;
 }
 
 // Widens what is in front of the next stop, of `end`, and of the first unit at `full` or behind it.
 template <ByteKind kind>
-bool WidenRun(const char*& at, const char* end, wchar*& out, const wchar* full) {
-  while (out < full) {
+Run WidenRun(Run run, const char* end, const wchar* full) {
+  while (run.out < full) {
 #ifdef __SSE2__
-    if (end - at >= 16) {
-      const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+    if (end - run.at >= 16) {
+      const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(run.at));
       const __m128i zero = _mm_setzero_si128();
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(out), _mm_unpacklo_epi8(bytes, zero));
-      _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 8), _mm_unpackhi_epi8(bytes, zero));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(run.out), _mm_unpacklo_epi8(bytes, zero));
+      _mm_storeu_si128(reinterpret_cast<__m128i*>(run.out + 8), _mm_unpackhi_epi8(bytes, zero));
       const auto foreign = static_cast<unsigned>(_mm_movemask_epi8(bytes));
       const int plain = std::countr_zero(Stops<kind>(bytes) | foreign | 1u << 16);
-      at += plain;
-      out += plain;
+      run.at += plain;
+      run.out += plain;
       if (plain == 16) continue;
+      if (((foreign >> plain) & 1) == 0) return run;
     }
 #endif
-    while (at != end && out < full && !IsForeign(*at) && !Is(*at, kind)) {
-      *out++ = static_cast<unsigned char>(*at++);
+    while (run.at != end && run.out < full && !IsForeign(*run.at) && !Is(*run.at, kind)) {
+      *run.out++ = static_cast<unsigned char>(*run.at++);
     }
-    if (at == end || !IsForeign(*at)) return true;
-    if (!WidenForeign(at, end, out, full)) return false;
+    if (run.at == end || !IsForeign(*run.at)) return run;
+    run = WidenForeign(run, end, full);
+    if (!run.at) return run;
   }
-  return true;
+  return run;
 }
 
 const char* EndOfName(const char* at, const char* end) {
@@ -370,9 +377,18 @@ void CXmlScanner::CloseElement() {
   m_document.EndElement();
 }
 
+// Puts what is in front of the next stop and of `end` into the units, as far as these have room.
+template <auto kind>
+bool CXmlScanner::Widen(const char* end) {
+  const Run run = WidenRun<kind>({m_at, m_out}, end, m_full);
+  m_at = run.at;
+  m_out = run.out;
+  return run.at != nullptr;
+}
+
 bool CXmlScanner::ReadText() {
   EmptyUnits();
-  while (WidenRun<kTextStop>(m_at, m_end, m_out, m_full) && m_at != m_end) {
+  while (Widen<kTextStop>(m_end) && m_at != m_end) {
     char32_t point = 0;
     if (m_out >= m_full) {
       FlushText();
@@ -406,7 +422,7 @@ bool CXmlScanner::ReadCData() {
 // Reads text without markup up to `end`, and calls `empty` for each part of it.
 template <class Empty>
 bool CXmlScanner::ReadPlain(const char* end, Empty empty) {
-  while (WidenRun<kPlainStop>(m_at, end, m_out, m_full)) {
+  while (Widen<kPlainStop>(end)) {
     const bool isEnd = m_at == end;
     if (isEnd || m_out >= m_full) {
       empty();
@@ -544,7 +560,7 @@ const CXmlName* CXmlScanner::Keep(Uri* uri, const Name& name) {
 
 // Appends the normalised value (XML 1.0, 3.3.3) in front of the quote, and passes that.
 bool CXmlScanner::ReadValue(char quote) {
-  while (WidenRun<kValueStop>(m_at, m_end, m_out, m_full) && m_at != m_end) {
+  while (Widen<kValueStop>(m_end) && m_at != m_end) {
     if (m_out >= m_full) {
       GrowUnits();
       continue;

@@ -116,6 +116,8 @@ class CXmlScanner {
 
   bool ReadValue(char quote);
   bool ReadReference(char32_t& point);
+  template <auto kind>
+  bool Widen(const char* end);
   template <class Empty>
   bool ReadPlain(const char* end, Empty empty);
   void AppendPoint(char32_t point);
