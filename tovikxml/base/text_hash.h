@@ -9,9 +9,9 @@
 /// The hash of the tables of names and values. Internal.
 namespace TovikXmlLib16 {
 
-/// A hash under a random key of the process, so that nobody can prepare names that collide. Up to 16
-/// bytes, as most names have, take a strongly universal hash of 32 bits, more take SipHash-1-3. The
-/// lower bits are as good as the upper ones.
+/// A hash under a random key of the process, so that nobody can prepare names that collide. Up to
+/// 16 bytes, as most names have, take a strongly universal hash of 32 bits, more take SipHash-1-3.
+/// The lower bits are as good as the upper ones.
 std::uint64_t HashBytes(std::string_view bytes);
 /// The same for a text.
 inline std::uint64_t HashText(WStringView text) {
