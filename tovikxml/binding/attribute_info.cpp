@@ -4,6 +4,7 @@
 #include "tovikxml/base/text.h"
 #include "tovikxml/binding/generated_class.h"
 #include "tovikxml/collections/attribute_col.h"
+#include "tovikxml/document/borrowed_text.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
 #include "tovikxml/document/writer.h"
@@ -45,7 +46,7 @@ bool CAttributeInfoPrimitive::AttributeFromXml(const CSerializationContext& /*co
     return false;
   }
   TovikVariant value;
-  value.FromString(attribute->BorrowValue(), m_itemType, m_whitespaceRule);
+  value.FromString(BorrowValue(*attribute), m_itemType, m_whitespaceRule);
   InvokePropertySet(owner, value, *attribute);
   return true;
 }
@@ -82,7 +83,7 @@ bool CAttributeInfoEnum::AttributeFromXml(const CSerializationContext& context,
                                           CXmlGeneratedClass* owner, CXmlAttribute* attribute) {
   if (!IsThisAttribute(context, attribute)) return false;
   TovikVariant value;
-  value.SetI4(m_textToEnum(attribute->BorrowValue().c_str()));
+  value.SetI4(m_textToEnum(BorrowValue(*attribute).c_str()));
   InvokePropertySet(owner, value, *attribute);
   return true;
 }
@@ -124,7 +125,7 @@ bool CAttributeInfoAny::AttributeFromXml(const CSerializationContext& /*context*
     throw CTovikException(
         u"Serialization Data Error : The collection should be a CAttributeCol, it was not!");
   }
-  attributes->Add(attribute->GetLocalName().c_str(), attribute->BorrowValue().c_str(), uri.c_str());
+  attributes->Add(attribute->GetLocalName().c_str(), BorrowValue(*attribute).c_str(), uri.c_str());
   return true;
 }
 

@@ -7,6 +7,7 @@
 #include "tovikxml/binding/nil_attribute.h"
 #include "tovikxml/binding/object_base.h"
 #include "tovikxml/collections/element_col.h"
+#include "tovikxml/document/borrowed_text.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
 #include "tovikxml/document/writer.h"
@@ -284,7 +285,7 @@ void CElementInfo::ElementFromXmlEnum(const CSerializationContext& context,
 }
 
 const WString& CElementInfo::TextOrDefault(const CXmlElement& element) const {
-  return element.GetTextView().empty() ? m_defaultValue : element.BorrowText();
+  return element.GetTextView().empty() ? m_defaultValue : BorrowText(element);
 }
 
 // A primitive element may carry xsi:nil and no other attribute.

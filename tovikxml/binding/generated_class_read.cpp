@@ -5,6 +5,7 @@
 #include "tovikxml/binding/generated_class.h"
 #include "tovikxml/binding/nesting_guard.h"
 #include "tovikxml/binding/nil_attribute.h"
+#include "tovikxml/document/borrowed_text.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/settings/serialization_context.h"
 #include "tovikxml/values/variant.h"
@@ -107,7 +108,7 @@ void CXmlGeneratedClass::ReadOwnText(const CXmlElement& element) {
   if (info.GetOutputPrimitiveClassAsTextProperty()) {
     value.SetString(WString(element.GetTextView()));
   } else {
-    value.FromString(element.BorrowText(), info.GetPrimitiveDataType(), CWhitespaceUtils::ws_none);
+    value.FromString(BorrowText(element), info.GetPrimitiveDataType(), CWhitespaceUtils::ws_none);
   }
   AccessProperty(index, false, value);
 }

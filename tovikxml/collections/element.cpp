@@ -9,6 +9,7 @@
 #include "tovikxml/binding/nesting_guard.h"
 #include "tovikxml/collections/attribute_col.h"
 #include "tovikxml/collections/element_col.h"
+#include "tovikxml/document/borrowed_text.h"
 #include "tovikxml/document/document.h"
 #include "tovikxml/document/namespace_rule.h"
 #include "tovikxml/document/text_stream.h"
@@ -170,7 +171,7 @@ void CElement::CopyXmlElement(CXmlElement* source) {
   m_childElements->Clear();
   for (const CXmlAttribute* attribute : source->GetAttributes()) {
     const WString& name = attribute->GetLocalName();
-    const WString& value = attribute->BorrowValue();
+    const WString& value = BorrowValue(*attribute);
     m_attributes->Add(name.c_str(), value.c_str(), attribute->GetNamespaceURI().c_str());
     if (EqualText(name, kXmlns)) m_defaultNamespace = value;
   }

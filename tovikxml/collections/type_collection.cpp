@@ -5,6 +5,7 @@
 #include "tovikxml/base/exception.h"
 #include "tovikxml/base/format_string.h"
 #include "tovikxml/base/text.h"
+#include "tovikxml/document/borrowed_text.h"
 #include "tovikxml/document/document.h"
 
 namespace TovikXmlLib16 {
@@ -31,7 +32,7 @@ CXmlElement* CXmlTypeCollection::FromXml_Int(CXmlElement* /*parent*/, CXmlElemen
   const WString uri = GetNamespace();
   CXmlElement* element = firstChild;
   while (element && DoesElementNameMatch(context, element, name.c_str(), uri.c_str())) {
-    AddFromString(element->BorrowText());
+    AddFromString(BorrowText(*element));
     element = element->GetNextSiblingElement();
   }
   return element;

@@ -32,10 +32,6 @@ const WString& CXmlAttribute::GetNamespaceURI() const {
   return *m_name->namespaceUri;
 }
 
-const WString& CXmlAttribute::BorrowValue() const {
-  return m_value.CopyTo(m_element->m_document->m_lentText);
-}
-
 WString CXmlAttribute::GetXPath() const {
   WString path = m_element->GetXPath() + u"/@";
   if (!GetNamespaceURI().empty()) {
@@ -82,10 +78,6 @@ const WString& CXmlElement::GetAttribute(const WString& localName,
     }
   }
   return EmptyText();
-}
-
-const WString& CXmlElement::BorrowText() const {
-  return m_text.CopyTo(m_document->m_lentText);
 }
 
 WString CXmlElement::GetXPath() const {

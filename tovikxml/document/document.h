@@ -39,6 +39,7 @@ class CSerializationContext;
 class CXmlDocument;
 class CXmlElement;
 struct ByteArray;
+struct CBorrowedText;
 class CXmlNameTable;
 struct CXmlName;
 struct CXmlTreeStorage;
@@ -53,8 +54,6 @@ class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
   const WString& GetValue() const { return m_value.AsString(); }
   /// The same without making a `WString` of it, which saves an allocation.
   WStringView GetValueView() const { return m_value.View(); }
-  /// The same in a `WString` that the document lends until the next such call for any node of it.
-  const WString& BorrowValue() const;
   /// The path of the attribute, such as "/orders/order[2]/@id".
   WString GetXPath() const;
 
@@ -65,6 +64,7 @@ class TOVIKXML_EXPORT CXmlAttribute final : public CInstanceMonitor {
 
  private:
   friend class CXmlDocument;
+  friend struct CBorrowedText;
   friend struct CXmlTreeStorage;
   CXmlAttribute();
 
@@ -90,8 +90,6 @@ class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
   const WString& GetText() const { return m_text.AsString(); }
   /// The same without making a `WString` of it, which saves an allocation.
   WStringView GetTextView() const { return m_text.View(); }
-  /// The same in a `WString` that the document lends until the next such call for any node of it.
-  const WString& BorrowText() const;
   /// In document order.
   const std::vector<CXmlAttribute*>& GetAttributes() const { return m_attributes; }
   /// The value of the first attribute with both names; an empty text if there is none.
@@ -106,6 +104,7 @@ class TOVIKXML_EXPORT CXmlElement final : public CInstanceMonitor {
  private:
   friend class CXmlAttribute;
   friend class CXmlDocument;
+  friend struct CBorrowedText;
   friend struct CXmlTreeStorage;
   CXmlElement();
 
@@ -194,6 +193,7 @@ class TOVIKXML_EXPORT CXmlDocument : public CInstanceMonitor {
  private:
   friend class CExpatReader;
   friend class CFastInfosetReader;
+  friend struct CBorrowedText;
   friend class CXmlElement;
   friend class CXmlAttribute;
   friend class CXmlScanner;
