@@ -36,7 +36,9 @@ using File = std::unique_ptr<std::FILE, CloseFile>;
 // What is still in the buffer may fail as well.
 bool IsWritten(std::FILE* file, const std::vector<std::string_view>& pieces) {
   for (const std::string_view piece : pieces) {
-    if (std::fwrite(piece.data(), 1, piece.size(), file) != piece.size()) return false;
+    if (!piece.empty() && std::fwrite(piece.data(), 1, piece.size(), file) != piece.size()) {
+      return false;
+    }
   }
   return std::fflush(file) == 0;
 }
