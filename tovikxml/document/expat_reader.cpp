@@ -40,6 +40,9 @@ struct CExpatReader::Handlers {
   WString valueScratch{};
   // Made where there is a document type, without which there are no entities.
   std::optional<CUnreadEntities> entities{};
+  // Only where there may be declarations that are not read does the parser pass over an entity that
+  // is not declared.
+  bool mayMissDeclarations = false;
 
   template <class Action>
   static void Guard(void* userData, Action action) {
@@ -56,7 +59,7 @@ struct CExpatReader::Handlers {
   static void XMLCALL OnStartElement(void* userData, const XML_Char* name,
                                      const XML_Char** attributes) {
     Guard(userData, [&](Handlers& self) {
-      if (self.entities) {
+      if (self.entities && self.mayMissDeclarations) {
         self.entities->LookAtStartTag();
         self.KeepUnreadEntity();
       }
@@ -103,6 +106,11 @@ struct CExpatReader::Handlers {
       XML_SetSkippedEntityHandler(self.parser, OnSkippedEntity);
       XML_SetExternalEntityRefHandler(self.parser, OnExternalEntity);
     });
+  }
+
+  static int XMLCALL OnNotStandalone(void* userData) {
+    static_cast<Handlers*>(userData)->mayMissDeclarations = true;
+    return XML_STATUS_OK;
   }
 
   static void XMLCALL OnEntityDeclaration(void* userData, const XML_Char* name, int isParameter,
@@ -210,6 +218,7 @@ void CExpatReader::Create() {
   XML_SetNamespaceDeclHandler(parser, Handlers::OnStartNamespace, Handlers::OnEndNamespace);
   XML_SetCharacterDataHandler(parser, Handlers::OnCharacterData);
   XML_SetStartDoctypeDeclHandler(parser, Handlers::OnStartDocumentType);
+  XML_SetNotStandaloneHandler(parser, Handlers::OnNotStandalone);
   if (!m_document->m_context->GetStripCDATA()) {
     XML_SetCdataSectionHandler(parser, Handlers::OnStartCdata, Handlers::OnEndCdata);
   }

@@ -73,9 +73,12 @@ const CXmlName* CXmlNameTable::KeepNext(const wchar* qualified, const CXmlName* 
   }
   const WStringView text(qualified);
   const std::size_t separator = text.find(kNamespaceSeparator);
-  const CXmlName* name = separator == WStringView::npos
-                             ? Keep(&m_none, text)
-                             : Keep(text.substr(0, separator), text.substr(separator + 1));
+  const bool hasUri = separator != WStringView::npos;
+  const WStringView uri = text.substr(0, hasUri ? separator : 0);
+  // Namespaces seldom change from one name to the next.
+  const bool isSame = previous && EqualText(*previous->namespaceUri, uri);
+  const CXmlName* name =
+      Keep(isSame ? previous->namespaceUri : KeepUri(uri), text.substr(hasUri ? separator + 1 : 0));
   if (previous) previous->successor = name;
   return name;
 }
