@@ -221,11 +221,14 @@ void CXmlDocument::AppendText(WStringView text) {
 }
 
 void CXmlDocument::AppendTextExcludingCR(WStringView text) {
-  text = text.substr(0, text.find(u'\0'));
-  for (std::size_t end = 0; end != WStringView::npos;) {
-    end = text.find(u'\r');
-    AppendText(text.substr(0, end));
-    if (end != WStringView::npos) text.remove_prefix(end + 1);
+  const wchar* at = text.data();
+  const wchar* const end = at + text.size();
+  while (at != end) {
+    const wchar* const start = at;
+    while (at != end && *at != u'\r' && *at != u'\0') ++at;
+    AppendText({start, static_cast<std::size_t>(at - start)});
+    if (at == end || *at == u'\0') return;
+    ++at;
   }
 }
 
